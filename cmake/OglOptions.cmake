@@ -1,0 +1,32 @@
+# SPDX-FileCopyrightText: The ogl authors
+# SPDX-License-Identifier: MIT
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
+
+option(OGL_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+
+add_library(ogl_options INTERFACE)
+target_compile_options(ogl_options INTERFACE -Wall -Wextra -Wconversion -Wshadow)
+# The same numbers on every build: no x87, no fused multiply-add.
+target_compile_options(ogl_options INTERFACE -msse2 -mfpmath=sse -ffp-contract=off)
+if(OGL_SANITIZE)
+    target_compile_options(ogl_options INTERFACE -fsanitize=address,undefined
+                                                 -fno-sanitize-recover=undefined
+                                                 -fno-omit-frame-pointer)
+    target_link_options(ogl_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(WIN32)
+    # 32-bit hosts promise a stack aligned to 4 bytes only.
+    if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+        target_compile_options(ogl_options INTERFACE -mstackrealign)
+    endif()
+    target_compile_definitions(ogl_options INTERFACE WINVER=0x0601 _WIN32_WINNT=0x0601)
+    target_link_options(ogl_options INTERFACE -static)
+endif()
