@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/win32.h"
+
+namespace ogl {
+
+/// The device context and OpenGL context of one window. Empty until createContext; createContext
+/// and tearDown are the only ways to fill and empty it.
+struct GLSurface {
+    HDC dc = nullptr;
+    HGLRC glContext = nullptr;
+    char aaName[32] = {}; ///< for example "4x MSAA"; empty when no multisample format was found
+    HWND window = nullptr;
+    int isSecondary = -1; ///< 0 first window of a view, 1 second window, -1 torn down
+    int samples = -1;     ///< GL_SAMPLES of the window's pixel format, -1 torn down
+};
+
+/// Results of createContext. The gaps are the codes of faults that only a structured-exception
+/// guard could tell; this build has none.
+enum ContextResult : int {
+    kContextCreated = 1,
+    kGlewInitFailed = -2,
+    kVersionUnknown = -4,
+    kSetPixelFormatFailed = -5,
+    kCreateContextFailed = -7,
+    kMakeCurrentFailed = -9,
+};
+
+/// Gives `dc` a double-buffered pixel format with as many samples per pixel as the driver offers,
+/// at most `requestedSamples`, and `surface` an OpenGL context for it, which is current afterwards.
+/// A window whose pixel format is set already keeps it. Sets every field but `window`.
+/// Returns a ContextResult.
+int createContext(GLSurface& surface, int requestedSamples, int isSecondary, HDC dc);
+
+/// Deletes the context, releases the device context and empties the surface. The own window's
+/// device context is not released: it belongs to that window. Harmless on an empty surface.
+void tearDown(GLSurface& surface);
+
+} // namespace ogl
