@@ -1,0 +1,90 @@
+#!/usr/bin/env bash
+# SPDX-FileCopyrightText: The ogl authors
+# SPDX-License-Identifier: MIT
+. "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
+
+usage() {
+    cat <<'END'
+Usage: scripts/setup.sh [run] [test] [bench] [windows]
+
+Installs from Debian, by name, what the named commands need; installs nothing that is there
+already. "windows" also prepares the cross builds: GLEW for MinGW into build/glew-win32 and
+build/glew-win64. Without a name: run and test.
+END
+}
+
+build_packages=(
+    cmake
+    fontconfig
+    fonts-liberation
+    g++
+    libassimp-dev
+    libcli11-dev
+    libfontconfig-dev
+    libfreetype-dev
+    libgl-dev
+    libgl1-mesa-dri
+    libglew-dev
+    libglu1-mesa-dev
+    libglx-mesa0
+    libstb-dev
+    libx11-dev
+    ninja-build
+    xvfb
+)
+run_packages=(assimp-testmodels)
+test_packages=(
+    clang
+    clang-format
+    clang-tidy
+    libgtest-dev
+    python3
+)
+bench_packages=(libbenchmark-dev)
+windows_packages=(
+    dpkg-dev
+    g++-mingw-w64-i686-posix
+    g++-mingw-w64-x86-64-posix
+    googletest
+)
+
+packages=("${build_packages[@]}")
+windows=no
+[ $# -gt 0 ] || set -- run test
+for command in "$@"; do
+    case $command in
+    run) packages+=("${run_packages[@]}") ;;
+    test)
+        packages+=("${run_packages[@]}" "${test_packages[@]}" "${windows_packages[@]}")
+        windows=yes
+        ;;
+    bench) packages+=("${bench_packages[@]}") ;;
+    windows)
+        packages+=("${windows_packages[@]}")
+        windows=yes
+        ;;
+    -h | --help)
+        usage
+        exit 0
+        ;;
+    *)
+        usage >&2
+        exit 2
+        ;;
+    esac
+done
+
+command -v apt-get >/dev/null || die "the set-up needs a Debian machine (no apt-get here)"
+missing=()
+for package in "${packages[@]}"; do
+    is_installed "$package" || missing+=("$package")
+done
+if [ ${#missing[@]} -gt 0 ]; then
+    say "installing ${missing[*]}"
+    apt_quiet update || die "apt-get update failed"
+    apt_quiet install --no-install-recommends "${missing[@]}" || die "could not install packages"
+fi
+
+if [ "$windows" = yes ]; then
+    scripts/glew_mingw.sh
+fi
