@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+//
+// What tests ask of the system beyond the standard library. One source file per system.
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace ogl::test {
+
+int processId();
+
+/// Sets an environment variable of this process; null removes it.
+void setEnvironment(const std::string& name, const char* value);
+
+/// Sends what is written to file descriptor `descriptor` (1 or 2) to the file at `path`. Returns
+/// what restoreDescriptor needs.
+int redirectDescriptor(int descriptor, const std::string& path);
+void restoreDescriptor(int descriptor, int saved);
+
+/// The running test program's file.
+std::string programPath();
+
+struct ProcessResult {
+    int exitCode = -1;  ///< -1 when it could not be started or died by a signal
+    std::string output; ///< standard output and standard error
+};
+
+/// Runs a program to its end, with the environment variables `variables` added.
+ProcessResult runProgram(const std::string& program, const std::vector<std::string>& arguments,
+                         const std::vector<std::pair<std::string, std::string>>& variables = {});
+
+} // namespace ogl::test
