@@ -7,12 +7,6 @@
 #include "ogl/host_records.h"
 #include "ogl/platform_types.h"
 
-#if defined(_WIN32)
-#define OGL_CALL __cdecl
-#else
-#define OGL_CALL
-#endif
-
 namespace ogl {
 class RenderContext;
 }

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
 //
-// The system handles in the library's interface.
+// The system handles in the library's interface, and its calling convention.
 #pragma once
 
 #if defined(_WIN32)
@@ -12,7 +12,9 @@
 #define NOMINMAX
 #endif
 #include <windows.h>
+#define OGL_CALL __cdecl
 #else
+#define OGL_CALL
 /// A window: an X11 window id in a pointer's clothes.
 typedef struct HWND__* HWND;
 /// A bitmap made by CreateDIBSection.
