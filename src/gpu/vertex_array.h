@@ -23,9 +23,7 @@ inline constexpr unsigned kDrawColors = 0x2; ///< per-vertex colours, where ther
 
 /// Leaves elements that a resize adds unset: builders write each one once.
 template <class T> struct UnsetAllocator : std::allocator<T> {
-    template <class U> struct rebind {
-        using other = UnsetAllocator<U>;
-    };
+    template <class U> struct rebind { using other = UnsetAllocator<U>; };
     template <class U> void construct(U* at) { ::new (static_cast<void*>(at)) U; }
     template <class U, class... Args> void construct(U* at, Args&&... args) {
         ::new (static_cast<void*>(at)) U(std::forward<Args>(args)...);

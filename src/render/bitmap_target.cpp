@@ -8,9 +8,8 @@ namespace ogl {
 
 BitmapTarget bitmapTarget(HBITMAP bitmap) {
     DIBSECTION section{};
-    if (bitmap == nullptr ||
-        GetObjectA(bitmap, static_cast<int>(sizeof(section)), &section) !=
-            static_cast<int>(sizeof(section)))
+    if (bitmap == nullptr || GetObjectA(bitmap, static_cast<int>(sizeof(section)), &section) !=
+                                 static_cast<int>(sizeof(section)))
         return {};
     const BITMAP& description = section.dsBm;
     const int bits = description.bmBitsPixel;

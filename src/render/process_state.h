@@ -10,9 +10,9 @@ class Renderer;
 
 /// What the whole process shares: one copy per loaded library, all zero at load.
 struct ProcessState {
-    HINSTANCE moduleInstance = nullptr;   ///< the library's own instance
-    Renderer* currentRenderer = nullptr;  ///< the one renderer that draws for all views
-    int sceneChanged = 0;                 ///< 1 = the next frame rebuilds the batches
+    HINSTANCE moduleInstance = nullptr;  ///< the library's own instance
+    Renderer* currentRenderer = nullptr; ///< the one renderer that draws for all views
+    int sceneChanged = 0;                ///< 1 = the next frame rebuilds the batches
 };
 
 /// The one copy.

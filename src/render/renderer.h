@@ -113,7 +113,7 @@ class Renderer {
     PerspectiveCamera camera;
     std::array<std::array<uint8_t, 64>, 2> targetBlocks{}; ///< handed to render targets by address
     int kind = kEdgeRenderer;
-    Box sceneBounds; ///< of the vertices of the last batch build
+    Box sceneBounds;             ///< of the vertices of the last batch build
     int objectCount = -1;        ///< cache entries at the last batch build
     int64_t lastModelStamp = -1; ///< of the last batch build
     int sizeChanged = 0;         ///< 1 = the last size update changed the size
