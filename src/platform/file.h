@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+//
+// Files by the paths that a host passes: with backslashes between folders, wherever the library
+// runs. Where the system has other separators, both kinds count.
+#pragma once
+
+#include <cstdio>
+#include <string>
+
+namespace ogl {
+
+/// As fopen, for a host's path.
+std::FILE* openFile(const char* path, const char* mode);
+
+/// The path up to and including its last separator; empty when it has none.
+std::string directoryOf(const std::string& path);
+
+} // namespace ogl

@@ -1,0 +1,100 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#include "platform/gl_surface.h"
+
+#include "platform/dummy_context.h"
+#include "platform/own_window.h"
+#include "platform/pixel_format.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+namespace ogl {
+
+namespace {
+
+bool debugContextWanted() {
+    const char* value = std::getenv("OGL_DEBUG");
+    return value != nullptr && std::strcmp(value, "1") == 0;
+}
+
+HGLRC makeContext(HDC dc) {
+    if (debugContextWanted() && wglCreateContextAttribsARB != nullptr) {
+        const int attributes[] = {WGL_CONTEXT_FLAGS_ARB, WGL_CONTEXT_DEBUG_BIT_ARB,
+                                  WGL_CONTEXT_PROFILE_MASK_ARB,
+                                  WGL_CONTEXT_COMPATIBILITY_PROFILE_BIT_ARB, 0};
+        if (const HGLRC context = wglCreateContextAttribsARB(dc, nullptr, attributes))
+            return context;
+    }
+    return wglCreateContext(dc);
+}
+
+/// Loads the extension entry points and finds the best format while some context is current.
+bool searchFormat(HDC dc, int samples, int& format, char (&aaName)[32]) {
+    const DummyContext dummy;
+    if (glewInit() != GLEW_OK)
+        return false;
+    chooseMultisampleFormat(dc, samples, format, aaName);
+    return true;
+}
+
+/// A window takes one pixel format for its life: one that has a format keeps it.
+bool setPixelFormat(HDC dc, int format, const PIXELFORMATDESCRIPTOR& descriptor, bool& kept) {
+    const int existing = GetPixelFormat(dc);
+    kept = existing != 0 && existing != format;
+    return existing != 0 || SetPixelFormat(dc, format, &descriptor);
+}
+
+} // namespace
+
+int createContext(GLSurface& surface, int requestedSamples, int isSecondary, HDC dc) {
+    surface.dc = dc;
+    surface.isSecondary = isSecondary;
+    PIXELFORMATDESCRIPTOR descriptor = windowPixelFormat();
+    int format = ChoosePixelFormat(dc, &descriptor);
+    const bool searched =
+        searchFormat(dc, sampleCountFor(requestedSamples), format, surface.aaName);
+    wglMakeCurrent(nullptr, nullptr);
+    if (!searched)
+        return kGlewInitFailed;
+
+    OSVERSIONINFOA version{};
+    version.dwOSVersionInfoSize = sizeof version;
+    if (!GetVersionExA(&version))
+        return kVersionUnknown;
+    if (version.dwMajorVersion >= 6)
+        descriptor.dwFlags |= PFD_SUPPORT_COMPOSITION;
+    bool keptFormat = false;
+    if (!setPixelFormat(dc, format, descriptor, keptFormat))
+        return kSetPixelFormatFailed;
+    surface.glContext = makeContext(dc);
+    if (surface.glContext == nullptr)
+        return kCreateContextFailed;
+    if (!wglMakeCurrent(dc, surface.glContext))
+        return kMakeCurrentFailed;
+    surface.samples = 0;
+    glGetIntegerv(GL_SAMPLES, &surface.samples);
+    if (keptFormat) {
+        surface.aaName[0] = '\0';
+        if (surface.samples > 0)
+            std::snprintf(surface.aaName, sizeof surface.aaName, "%dx MSAA", surface.samples);
+    }
+    return kContextCreated;
+}
+
+void tearDown(GLSurface& surface) {
+    if (surface.glContext != nullptr) {
+        wglMakeCurrent(surface.dc, nullptr);
+        wglDeleteContext(surface.glContext);
+    }
+    if (surface.window != nullptr && surface.dc != nullptr && surface.dc != ownWindowDC())
+        ReleaseDC(surface.window, surface.dc);
+    surface.window = nullptr;
+    surface.dc = nullptr;
+    surface.glContext = nullptr;
+    surface.isSecondary = -1;
+    surface.samples = -1;
+}
+
+} // namespace ogl

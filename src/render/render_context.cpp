@@ -1,0 +1,166 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#include "render/render_context.h"
+
+#include "ogl/host_records.h"
+#include "platform/bitmap_font.h"
+#include "platform/file.h"
+#include "platform/own_window.h"
+
+#include <charconv>
+#include <initializer_list>
+#include <locale>
+#include <sstream>
+
+namespace ogl {
+
+namespace {
+
+struct Vendor {
+    int number;
+    const char* prefix; ///< of the driver's vendor string
+    const char* logName;
+};
+constexpr Vendor kVendors[] = {
+    {kVendorNvidia, "NVIDIA", "Nvidia"},
+    {kVendorAti, "ATI", "Ati"},
+    {kVendorIntel, "INTEL", "Intel"},
+};
+
+std::string glText(GLenum name) {
+    const GLubyte* text = glGetString(name);
+    return text != nullptr ? reinterpret_cast<const char*>(text) : "";
+}
+
+/// The decimal number that the text begins with, 0 when it begins with none.
+double leadingNumber(const std::string& text) {
+    double number = 0.0;
+    std::from_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed);
+    return number;
+}
+
+std::string numberText(double number) {
+    std::ostringstream stream;
+    stream.imbue(std::locale::classic());
+    stream << number;
+    return stream.str();
+}
+
+struct GlVersion {
+    int major = 0;
+    int minor = 0;
+};
+
+/// The version of the current context. Before OpenGL 3 only the version string tells it.
+GlVersion readVersion() {
+    GlVersion version;
+    const std::string text = glText(GL_VERSION);
+    const char* end = text.data() + text.size();
+    const auto major = std::from_chars(text.data(), end, version.major);
+    if (major.ptr != end && *major.ptr == '.')
+        std::from_chars(major.ptr + 1, end, version.minor);
+    if (version.major >= 3) {
+        glGetIntegerv(GL_MAJOR_VERSION, &version.major);
+        glGetIntegerv(GL_MINOR_VERSION, &version.minor);
+    }
+    return version;
+}
+
+} // namespace
+
+RenderContext::RenderContext(HWND viewWindow, unsigned createFlags, const char* iniPath)
+    : window(viewWindow), flags(createFlags) {
+    std::string settingsPath = iniPath;
+    if (settingsPath.empty()) {
+        settingsPath = "space.ini";
+        directory = "\\";
+    } else {
+        directory = directoryOf(settingsPath);
+    }
+    errorLog.open(directory + "ogl.log");
+    if (!settings.load(settingsPath))
+        logError("No options in space.ini found!");
+    if ((flags & kCreateInputDevices) == 0 || !input.create(window))
+        logError("Keyboard mouse problem!");
+    constructed = 1;
+}
+
+RenderContext::~RenderContext() {
+    input.release();
+    // List 0 and those after it may be another view's.
+    if (fontListBase != 0 && wglMakeCurrent(primary.dc, primary.glContext))
+        glDeleteLists(fontListBase, kFontListCount);
+    tearDown(secondary);
+    tearDown(primary);
+}
+
+void RenderContext::logError(const std::string& message, const std::string& value) {
+    errorLog.write("Error", message, value);
+}
+
+bool RenderContext::initializeOpenGL() {
+    if (!makePrimaryContext() || !checkVersions() || !checkCapabilities())
+        return false;
+    if (!buildBitmapFont(primary.dc, fontListBase))
+        logError("Font build failed");
+    wglMakeCurrent(nullptr, nullptr);
+    glReady = 1;
+    return true;
+}
+
+bool RenderContext::makePrimaryContext() {
+    constexpr int kGlewInitFailedAfterwards = -11;
+    primary.window = window;
+    HDC dc = primary.dc;
+    if (window != nullptr && window == ownWindow())
+        dc = ownWindowDC();
+    else if (dc == nullptr)
+        dc = GetDC(window);
+    int result = createContext(primary, static_cast<int>(settings.drawingSamples.value), 0, dc);
+    if (result == kContextCreated && glewInit() != GLEW_OK)
+        result = kGlewInitFailedAfterwards;
+    if (result != kContextCreated)
+        logError("Primary GL Context init failed", std::to_string(result));
+    return result == kContextCreated;
+}
+
+bool RenderContext::checkVersions() {
+    const GlVersion version = readVersion();
+    double shadingLanguage = 0.0;
+    if (version.major >= 1) {
+        shadingLanguage = leadingNumber(glText(GL_SHADING_LANGUAGE_VERSION));
+        const std::string vendorText = glText(GL_VENDOR);
+        for (const Vendor& candidate : kVendors)
+            if (vendorText.starts_with(candidate.prefix)) {
+                vendor = candidate.number;
+                errorLog.write("OpenGL", "Vendor", candidate.logName);
+            }
+    }
+    glVersion = 100 * version.major + 10 * version.minor;
+    errorLog.write("OpenGL", "Version", std::to_string(glVersion));
+    errorLog.write("OpenGL", "GLSL Version", numberText(shadingLanguage));
+    errorLog.write("OpenGL", "AA Format", primary.aaName);
+    if (version.major < 3) {
+        logError("OpenGL Version 3 required");
+        return false;
+    }
+    if (shadingLanguage < 1.5) {
+        logError("GLSL Version 1.5 required");
+        return false;
+    }
+    return true;
+}
+
+bool RenderContext::checkCapabilities() {
+    GLint maximumSamples = 0;
+    glGetIntegerv(GL_MAX_COLOR_TEXTURE_SAMPLES, &maximumSamples);
+    errorLog.write("OpenGL", "MaxTextureAA", std::to_string(maximumSamples));
+    for (const char* extension : {"GL_ARB_texture_rectangle", "GL_ARB_texture_multisample"})
+        if (!glewIsSupported(extension)) {
+            logError(std::string(extension) + " not supported");
+            return false;
+        }
+    return true;
+}
+
+} // namespace ogl
