@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "gpu/vertex_array.h"
+#include "render/renderer.h"
+
+#include <memory>
+
+namespace ogl {
+
+/// Draws the outlines of all faces in their colours on white, without hiding any, and the box of
+/// the site.
+class EdgeRenderer : public Renderer {
+  public:
+    explicit EdgeRenderer(RenderContext& creator);
+    ~EdgeRenderer() override;
+
+    int createResources() override;
+    void releaseResources() override;
+    int drawToWindow(const GLSurface& surface) override;
+    /// A bitmap of another size than the view stays untouched; the log then says so.
+    int drawToBitmap(HBITMAP bitmap) override;
+    /// Draws nothing. Returns 1.
+    int drawToFile(const char* fileName) override;
+
+  private:
+    void refreshBatches();
+    void drawScene();
+
+    std::unique_ptr<ColorVertexArray> edgeBatch_;
+    const SCENE* builtScene_ = nullptr; ///< the record that the edges were built from
+};
+
+} // namespace ogl

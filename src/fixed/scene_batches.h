@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "fixed/batches.h"
+#include "fixed/draw_lists.h"
+#include "gpu/vector3.h"
+#include "gpu/vertex_array.h"
+#include "ogl/host_records.h"
+
+#include <memory>
+
+namespace ogl {
+
+class Renderer;
+
+/// What a renderer draws of a scene: its edges and silhouettes, which it holds itself, and the
+/// surfaces, which live in the host's object cache. Built when the scene changes, not per frame.
+class SceneBatches {
+  public:
+    /// Brings the batches up to date for a frame in a window: in preview mode the preview record,
+    /// otherwise everything when the scene changed. A rebuild resets the renderer's scene bounds
+    /// to `emptyBounds` and grows them, and updates its object count and model stamp. Returns true
+    /// when it rebuilt everything.
+    bool refresh(Renderer& renderer, const Box& emptyBounds);
+
+    /// The same for a frame in a bitmap, where only change marks of objects and the process-wide
+    /// mark make a rebuild due.
+    bool refreshForBitmap(Renderer& renderer, const Box& emptyBounds);
+
+    /// Builds everything of every object.
+    void rebuildAll(Renderer& renderer, const Box& emptyBounds);
+
+    /// Builds only the surfaces of every object and clears the objects' change marks.
+    void rebuildMeshesOnly(Renderer& renderer);
+
+    /// Destroys the edges and silhouettes. The surfaces stay with the host.
+    void release();
+
+    /// Surfaces by material.
+    const DrawLists& meshes() const { return meshes_; }
+    /// Null when there is nothing to draw.
+    const ColorVertexArray* edges() const;
+    const ColorVertexArray* silhouettes() const;
+
+  private:
+    bool isBuiltFrom(const SCENE& scene) const;
+    void refreshPreview(Renderer& renderer, VIEW& view);
+
+    std::unique_ptr<ColorVertexArray> edgeBatch_;
+    std::unique_ptr<ColorVertexArray> silhouetteBatch_;
+    DrawLists meshes_;
+    const SCENE* builtScene_ = nullptr; ///< only compared, never read
+    bool twoSided_ = false;             ///< kGeometryTwoSided at the last build
+    bool preview_ = false;              ///< the preview record is drawn instead of the scene
+};
+
+/// The single-record path of preview mode: builds the surfaces of all objects into `record` when
+/// its mark 0x1 is set or `force` is; a preview has no edges. Returns true when it built.
+bool refreshPreviewRecord(const SCENE& scene, CACHEENTRY& record, bool force, Box& bounds);
+
+} // namespace ogl

@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "gpu/texture_image.h"
+#include "ogl/host_records.h"
+
+namespace ogl {
+
+/// Frees the image, its pixels and its GL texture, and sets the slot to null. An address that is
+/// no live image of the library's is not freed. A GL texture is deleted when a context is current,
+/// else before the next frame.
+void releaseTextureImage(Ptr32<TextureImage>& slot);
+
+} // namespace ogl

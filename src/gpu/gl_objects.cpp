@@ -1,0 +1,119 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#include "gpu/gl_objects.h"
+
+#include "gpu/gl_debug.h"
+
+#include <cstdio>
+#include <vector>
+
+namespace ogl {
+
+namespace {
+
+struct ReleasedName {
+    GLKind kind;
+    unsigned name;
+};
+
+/// All names of the process. An era lasts from the first view to the end of the last one.
+struct Registry {
+    uint32_t era = 0;
+    int views = 0;
+    int live[kGLKindCount] = {};
+    std::vector<ReleasedName> released;
+};
+
+Registry& registry() {
+    static Registry instance;
+    return instance;
+}
+
+int& liveCount(GLKind kind) {
+    return registry().live[static_cast<int>(kind)];
+}
+
+unsigned createName(GLKind kind) {
+    unsigned name = kNoName;
+    if (kind == GLKind::Buffer)
+        glGenBuffers(1, &name);
+    else
+        glGenTextures(1, &name);
+    return name;
+}
+
+void deleteName(ReleasedName object) {
+    if (object.kind == GLKind::Buffer)
+        glDeleteBuffers(1, &object.name);
+    else
+        glDeleteTextures(1, &object.name);
+}
+
+} // namespace
+
+template <GLKind kind> void GLObject<kind>::create() {
+    if (exists() && era_ == registry().era)
+        return;
+    name_ = createName(kind);
+    era_ = registry().era;
+    if (exists())
+        ++liveCount(kind);
+}
+
+template <GLKind kind> void GLObject<kind>::reset() {
+    const unsigned name = std::exchange(name_, kNoName);
+    if (name == kNoName || era_ != registry().era)
+        return;
+    --liveCount(kind);
+    if (wglGetCurrentContext() != nullptr)
+        deleteName({kind, name});
+    else
+        registry().released.push_back({kind, name});
+}
+
+template class GLObject<GLKind::Buffer>;
+template class GLObject<GLKind::Texture>;
+
+void deleteReleasedObjects() {
+    for (const ReleasedName object : registry().released)
+        deleteName(object);
+    registry().released.clear();
+}
+
+int liveObjects(GLKind kind) {
+    return liveCount(kind);
+}
+
+void reportLiveObjects() {
+    if (!debugRequested())
+        return;
+    const int buffers = liveObjects(GLKind::Buffer);
+    const int textures = liveObjects(GLKind::Texture);
+    if (buffers != 0 || textures != 0)
+        std::fprintf(stderr, "ogl: %d buffers and %d textures are left\n", buffers, textures);
+}
+
+void viewOpened() {
+    ++registry().views;
+}
+
+void viewClosed() {
+    Registry& all = registry();
+    if (wglGetCurrentContext() != nullptr)
+        deleteReleasedObjects();
+    reportLiveObjects();
+    if (--all.views > 0)
+        return;
+    all.views = 0;
+    ++all.era;
+    all.released.clear();
+    for (int& count : all.live)
+        count = 0;
+}
+
+GLWork& glWork() {
+    static GLWork work;
+    return work;
+}
+
+} // namespace ogl

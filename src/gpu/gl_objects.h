@@ -1,0 +1,76 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/win32.h"
+
+#include <cstdint>
+#include <utility>
+
+namespace ogl {
+
+/// Name of a GL object that is not created yet.
+inline constexpr unsigned kNoName = 0xffffffffu;
+
+enum class GLKind : int { Buffer, Texture };
+inline constexpr int kGLKindCount = 2;
+
+/// Owner of one GL object name. A host may hand batches back while no context is current, or after
+/// the view that they were made in is gone; so a name whose context is not current waits until
+/// deleteReleasedObjects(), and one whose view is gone is forgotten, since its number may belong to
+/// another object by then.
+template <GLKind kind> class GLObject {
+  public:
+    GLObject() = default;
+    ~GLObject() { reset(); }
+    GLObject(GLObject&& other) noexcept
+        : name_(std::exchange(other.name_, kNoName)), era_(other.era_) {}
+    GLObject& operator=(GLObject&& other) noexcept {
+        std::swap(name_, other.name_);
+        std::swap(era_, other.era_);
+        return *this;
+    }
+    GLObject(const GLObject&) = delete;
+    GLObject& operator=(const GLObject&) = delete;
+
+    /// Makes a name in the current context unless there is one.
+    void create();
+    /// Deletes the object; nothing when there is none.
+    void reset();
+
+    bool exists() const { return name_ != kNoName; }
+    unsigned name() const { return name_; }
+
+  private:
+    unsigned name_ = kNoName;
+    uint32_t era_ = 0;
+};
+
+extern template class GLObject<GLKind::Buffer>;
+extern template class GLObject<GLKind::Texture>;
+using GLBuffer = GLObject<GLKind::Buffer>;
+using GLTexture = GLObject<GLKind::Texture>;
+
+/// Deletes the objects that were released while no context was current. Called as a frame starts.
+void deleteReleasedObjects();
+
+/// Objects of a kind that exist now.
+int liveObjects(GLKind kind);
+
+/// Says on standard error which GL objects are left, when OGL_DEBUG=1 is set.
+void reportLiveObjects();
+
+/// Called as a view has made its context, and as it is about to delete it while it is still
+/// current. Closing deletes released objects and reports what is left; closing the last view
+/// also forgets every name, since the objects go with their contexts.
+void viewOpened();
+void viewClosed();
+
+/// Counts of work handed to GL since the program started.
+struct GLWork {
+    uint64_t drawCalls = 0;
+    uint64_t uploads = 0; ///< buffers filled
+};
+GLWork& glWork();
+
+} // namespace ogl

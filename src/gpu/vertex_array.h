@@ -1,0 +1,107 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "gpu/gl_objects.h"
+#include "gpu/vector3.h"
+#include "platform/win32.h"
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace ogl {
+
+/// Flags of a batch.
+inline constexpr uint32_t kBatchNoShadow = 0x1;    ///< left out of shadow maps
+inline constexpr uint32_t kBatchUnlit = 0x2;       ///< drawn without lighting
+inline constexpr uint32_t kBatchTranslucent = 0x8; ///< only in the blended pass
+
+/// Flags of a draw.
+inline constexpr unsigned kDrawPositions = 0x1;
+inline constexpr unsigned kDrawColors = 0x2; ///< per-vertex colours, where there are any
+
+/// Leaves elements that a resize adds unset: builders write each one once.
+template <class T> struct UnsetAllocator : std::allocator<T> {
+    template <class U> struct rebind { using other = UnsetAllocator<U>; };
+    template <class U> void construct(U* at) { ::new (static_cast<void*>(at)) U; }
+    template <class U, class... Args> void construct(U* at, Args&&... args) {
+        ::new (static_cast<void*>(at)) U(std::forward<Args>(args)...);
+    }
+};
+
+using Vec3Array = std::vector<Vec3, UnsetAllocator<Vec3>>;
+using Vec4Array = std::vector<Vec4, UnsetAllocator<Vec4>>;
+
+/// Positions in memory and in a GL buffer, drawn in one call.
+class VertexArray {
+  public:
+    VertexArray() = default;
+    VertexArray(const VertexArray&) = delete;
+    VertexArray& operator=(const VertexArray&) = delete;
+
+    // Operations, in slot order.
+
+    virtual ~VertexArray() = default;
+    /// Fills the GL buffers from the arrays that have elements, for drawing as `mode`. All arrays
+    /// but the positions are empty afterwards. Leaves no buffer bound.
+    virtual void upload(unsigned mode, unsigned usage = GL_STATIC_DRAW);
+    /// Sets GL's client arrays to the buffers. `flags`: kDraw...
+    virtual void bind(unsigned flags) const;
+    /// Turns the client arrays of this class off.
+    virtual void unbind() const;
+    /// Binds and draws as the mode of upload().
+    virtual void draw(unsigned flags) const;
+    /// Binds and draws as another primitive.
+    virtual void drawAs(unsigned flags, unsigned mode) const;
+
+    Vec3Array positions; ///< kept in memory after upload()
+    GLBuffer positionBuffer;
+    int vertexCount = 0; ///< uploaded
+    unsigned primitiveMode = GL_TRIANGLES;
+    int material = -1;  ///< of mesh batches
+    uint32_t flags = 0; ///< kBatch...
+};
+
+/// Positions with a colour each.
+class ColorVertexArray : public VertexArray {
+  public:
+    void upload(unsigned mode, unsigned usage = GL_STATIC_DRAW) override;
+    void bind(unsigned flags) const override;
+    void unbind() const override;
+
+    Vec4Array colors; ///< red, green, blue, alpha; empty after upload()
+    GLBuffer colorBuffer;
+    int colorCount = 0; ///< uploaded
+};
+
+/// The surface of one object in one material.
+class MeshVertexArray : public VertexArray {
+  public:
+    void upload(unsigned mode, unsigned usage = GL_STATIC_DRAW) override;
+    void bind(unsigned flags) const override;
+    void unbind() const override;
+    /// Meshes are drawn as triangles only: does nothing.
+    void drawAs(unsigned, unsigned) const override {}
+
+    /// Hands the texture coordinates to texture unit `unit` too, for the next draw; and takes them
+    /// away again.
+    void bindTexCoords(int unit) const;
+    static void unbindTexCoords(int unit);
+
+    // Empty after upload().
+    Vec3Array normals;
+    Vec3Array tangents;
+    Vec3Array texCoords; ///< u, v, 0
+    GLBuffer normalBuffer;
+    GLBuffer tangentBuffer;
+    GLBuffer texCoordBuffer;
+    int normalCount = 0;
+    int tangentCount = 0;
+    int texCoordCount = 0;
+};
+
+/// Binds no buffer and turns every client array off.
+void unbindAllArrays();
+
+} // namespace ogl

@@ -1,0 +1,83 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#include "gpu/texture.h"
+#include "gpu/texture_image.h"
+#include "render/renderer.h"
+#include "scene/record_views.h"
+
+namespace ogl {
+
+namespace {
+
+struct MaterialImages {
+    const TextureImage* color = nullptr;
+    const TextureImage* alpha = nullptr;
+    bool shared = false;
+};
+
+/// The images that the texture mode lets the material use.
+MaterialImages imagesOf(const MATERIAL& material, const SceneLists& lists, int textureMode) {
+    MaterialImages images;
+    const TEXTURESLOT* slot = textureSlot(lists, material);
+    const bool isInline = material.textureIndex == -1;
+    if (slot == nullptr || (isInline && textureMode != kTexturesAll) ||
+        (textureMode != kTexturesAll && textureMode != kTexturesSharedOnly))
+        return images;
+    images.shared = !isInline;
+    images.color = liveImage(slot->color.get());
+    if (images.color == nullptr)
+        images.color = liveImage(slot->alternativeColor.get());
+    images.alpha = liveImage(slot->opacity.get());
+    return images;
+}
+
+void turnTexturesOff() {
+    for (int unit = 3; unit >= 0; --unit) {
+        glActiveTexture(static_cast<unsigned>(GL_TEXTURE0 + unit));
+        glBindTexture(GL_TEXTURE_2D, 0);
+        glDisable(GL_TEXTURE_2D);
+    }
+}
+
+/// The colour comes from unit 0, the alpha from this unit's texture.
+void combineAlphaOnly() {
+    glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_COMBINE);
+    glTexEnvi(GL_TEXTURE_ENV, GL_COMBINE_RGB, GL_REPLACE);
+    glTexEnvi(GL_TEXTURE_ENV, GL_SOURCE0_RGB, GL_PREVIOUS);
+    glTexEnvi(GL_TEXTURE_ENV, GL_COMBINE_ALPHA, GL_REPLACE);
+    glTexEnvi(GL_TEXTURE_ENV, GL_SOURCE0_ALPHA, GL_TEXTURE);
+}
+
+void bindAlphaMap(const TextureImage& image, float anisotropy) {
+    bindTexture(1, TextureKind::Repeating, image.texture.name(), GL_LINEAR, anisotropy);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
+    combineAlphaOnly();
+}
+
+} // namespace
+
+void Renderer::bindMaterialTextures(const MATERIAL& material, int& textured, int& sharedSlot,
+                                    int& alphaMap, unsigned enable) {
+    textured = sharedSlot = alphaMap = 0;
+    if (enable == 0 || textureMode == kTexturesNone || scene == nullptr) {
+        turnTexturesOff();
+        return;
+    }
+    const MaterialImages images = imagesOf(material, SceneLists(*scene), textureMode);
+    sharedSlot = images.shared ? 1 : 0;
+    textured = images.color != nullptr ? 1 : 0;
+    alphaMap = images.alpha != nullptr ? 1 : 0;
+    if (images.alpha != nullptr && images.alpha->texture.exists())
+        bindAlphaMap(*images.alpha, maxAnisotropy);
+    else
+        resetTextureUnit(1);
+    // Unit 0 last, so that it is the active one.
+    if (images.color != nullptr && images.color->texture.exists())
+        bindTexture(0, TextureKind::Repeating, images.color->texture.name(), GL_LINEAR,
+                    maxAnisotropy);
+    else
+        resetTextureUnit(0);
+}
+
+} // namespace ogl
