@@ -28,6 +28,8 @@ bool readText(const std::string& path, std::string& text) {
     char buffer[4096];
     for (size_t count; (count = std::fread(buffer, 1, sizeof buffer, file.get())) > 0;)
         text.append(buffer, count);
+    if (std::ferror(file.get()))
+        return false;
     for (size_t at = text.find("\r\n"); at != std::string::npos; at = text.find("\r\n", at))
         text.erase(at, 1);
     return true;

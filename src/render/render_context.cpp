@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "render/render_context.h"
 
+#include "gpu/gl_debug.h"
+#include "gpu/gl_objects.h"
 #include "ogl/host_records.h"
 #include "platform/bitmap_font.h"
 #include "platform/file.h"
@@ -87,11 +89,22 @@ RenderContext::RenderContext(HWND viewWindow, unsigned createFlags, const char* 
 
 RenderContext::~RenderContext() {
     input.release();
-    // List 0 and those after it may be another view's.
-    if (fontListBase != 0 && wglMakeCurrent(primary.dc, primary.glContext))
-        glDeleteLists(fontListBase, kFontListCount);
+    if (primary.glContext != nullptr)
+        releaseGLObjects();
     tearDown(secondary);
     tearDown(primary);
+}
+
+void RenderContext::releaseGLObjects() {
+    const bool current = wglMakeCurrent(primary.dc, primary.glContext) != FALSE;
+    if (!current)
+        wglMakeCurrent(nullptr, nullptr); // another view's context must not lose its objects
+    // List 0 and those after it may be another view's.
+    if (current && fontListBase != 0)
+        glDeleteLists(fontListBase, kFontListCount);
+    if (opened_)
+        viewClosed();
+    opened_ = false;
 }
 
 void RenderContext::logError(const std::string& message, const std::string& value) {
@@ -119,9 +132,14 @@ bool RenderContext::makePrimaryContext() {
     int result = createContext(primary, static_cast<int>(settings.drawingSamples.value), 0, dc);
     if (result == kContextCreated && glewInit() != GLEW_OK)
         result = kGlewInitFailedAfterwards;
-    if (result != kContextCreated)
+    if (result != kContextCreated) {
         logError("Primary GL Context init failed", std::to_string(result));
-    return result == kContextCreated;
+        return false;
+    }
+    installDebugOutput();
+    viewOpened();
+    opened_ = true;
+    return true;
 }
 
 bool RenderContext::checkVersions() {

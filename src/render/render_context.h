@@ -57,7 +57,10 @@ class RenderContext {
     bool makePrimaryContext();
     bool checkVersions();
     bool checkCapabilities();
+    void releaseGLObjects();
     void logError(const std::string& message, const std::string& value = {});
+
+    bool opened_ = false; ///< counted among the views whose GL objects are watched
 };
 
 } // namespace ogl
