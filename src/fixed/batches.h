@@ -36,4 +36,7 @@ BatchSet* liveBatchSet(BatchSet* address);
 void releaseMeshBatches(Ptr32<MeshBatchList>& slot);
 void releaseBatchSet(Ptr32<BatchSet>& slot);
 
+/// Releases everything that the entry holds. Its change marks stay.
+void releaseBatchesOf(CACHEENTRY& entry);
+
 } // namespace ogl

@@ -26,7 +26,9 @@ class EdgeRenderer : public Renderer {
 
   private:
     void refreshBatches();
+    void rebuild();
     void drawScene();
+    void drawEdges() const;
 
     std::unique_ptr<ColorVertexArray> edgeBatch_;
     const SCENE* builtScene_ = nullptr; ///< the record that the edges were built from

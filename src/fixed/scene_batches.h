@@ -38,7 +38,7 @@ class SceneBatches {
     void release();
 
     /// Surfaces by material.
-    const DrawLists& meshes() const { return meshes_; }
+    const DrawLists& meshes() const { return preview_ ? previewMeshes_ : meshes_; }
     /// Null when there is nothing to draw.
     const ColorVertexArray* edges() const;
     const ColorVertexArray* silhouettes() const;
@@ -50,10 +50,14 @@ class SceneBatches {
     std::unique_ptr<ColorVertexArray> edgeBatch_;
     std::unique_ptr<ColorVertexArray> silhouetteBatch_;
     DrawLists meshes_;
+    DrawLists previewMeshes_;
     const SCENE* builtScene_ = nullptr; ///< only compared, never read
     bool twoSided_ = false;             ///< kGeometryTwoSided at the last build
     bool preview_ = false;              ///< the preview record is drawn instead of the scene
 };
+
+/// True when an entry of the object cache has any of the marks.
+bool anyObjectChanged(const VIEW& view, uint32_t marks);
 
 /// The single-record path of preview mode: builds the surfaces of all objects into `record` when
 /// its mark 0x1 is set or `force` is; a preview has no edges. Returns true when it built.

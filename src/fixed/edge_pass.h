@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "gpu/vertex_array.h"
+#include "ogl/host_records.h"
+#include "render/renderer.h"
+
+namespace ogl {
+
+/// How strong a technical drawing's edges are.
+struct EdgeStyle {
+    float width = 1.0f; ///< pixels
+    float alpha = 1.0f;
+};
+
+/// The style that the scene and the drawing flags ask for. Outside full-quality frames edges never
+/// fade away. `baseWidth`: the renderer's line width, pixels.
+EdgeStyle edgeStyle(const SCENE& scene, uint32_t drawFlags, float baseWidth);
+
+/// Draws edges and silhouettes over the surfaces of the same frame, whose depth must still be in
+/// the depth buffer. The renderer tells which kinds, and how.
+struct EdgePass {
+    const Renderer& renderer;
+    const ColorVertexArray* edges;       ///< null: none
+    const ColorVertexArray* silhouettes; ///< null: none
+    EdgeStyle style;
+
+    /// Hidden edges, visible edges and silhouettes, as far as the renderer wants them.
+    void draw() const;
+
+  private:
+    void drawHiddenEdges() const;
+    void drawVisibleEdges() const;
+    void drawSilhouettes() const;
+    void drawEdges() const;
+    void drawMarks() const;
+    void drawUnbound(const ColorVertexArray& batch) const;
+    unsigned drawFlags() const;
+};
+
+} // namespace ogl

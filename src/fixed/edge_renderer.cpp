@@ -1,0 +1,116 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#include "fixed/edge_renderer.h"
+
+#include "fixed/batches.h"
+#include "fixed/bitmap_frame.h"
+#include "fixed/edge_builder.h"
+#include "fixed/scene_batches.h"
+#include "fixed/site_box.h"
+#include "gpu/gl_debug.h"
+#include "render/process_state.h"
+#include "scene/record_views.h"
+
+namespace ogl {
+
+EdgeRenderer::EdgeRenderer(RenderContext& creator) : Renderer(creator) {
+    kind = kEdgeRenderer;
+}
+
+EdgeRenderer::~EdgeRenderer() = default;
+
+int EdgeRenderer::createResources() {
+    edgeBatch_.reset();
+    return 0;
+}
+
+void EdgeRenderer::releaseResources() {
+    edgeBatch_.reset();
+}
+
+int EdgeRenderer::drawToWindow(const GLSurface&) {
+    if (scene == nullptr)
+        return 1;
+    deleteReleasedObjects();
+    refreshBatches();
+    drawScene();
+    drawFlags &= ~kDrawOnce;
+    return 1;
+}
+
+int EdgeRenderer::drawToBitmap(HBITMAP bitmap) {
+    if (scene == nullptr)
+        return 1;
+    deleteReleasedObjects();
+    refreshBatches();
+    drawFrameToBitmap(*this, bitmap, [this] { drawScene(); });
+    return 1;
+}
+
+int EdgeRenderer::drawToFile(const char*) {
+    return 1;
+}
+
+void EdgeRenderer::refreshBatches() {
+    const VIEW* view = viewOf(*scene);
+    const bool due = processState().sceneChanged != 0 || edgeBatch_ == nullptr ||
+                     builtScene_ != scene ||
+                     (view != nullptr && anyObjectChanged(*view, kObjectChanged));
+    if (due)
+        rebuild();
+}
+
+void EdgeRenderer::rebuild() {
+    const VIEW* view = viewOf(*scene);
+    const int count = view != nullptr ? cacheEntryCount(*view) : 0;
+    const SceneLists lists(*scene);
+    const EdgeBuilder builder(*scene, {.silhouettes = false, .edgesOnly = true});
+    sceneBounds = Box{};
+    edgeBatch_ = std::make_unique<ColorVertexArray>();
+    builder.reserve(count, *edgeBatch_, nullptr);
+    for (int k = 0; k < count; ++k) {
+        CACHEENTRY& entry = *cacheEntry(*view, k);
+        releaseBatchesOf(entry);
+        entry.changeFlags &= ~kObjectChanged;
+        if (!lists.isDrawn(k))
+            continue;
+        entry.meshBatches = makeMeshBatchList();
+        const int edges = builder.append(k, *edgeBatch_, nullptr);
+        entry.edgeCount = static_cast<uint32_t>(edges);
+        if (edges != 0)
+            entry.edgeRecord = makeBatchSet();
+    }
+    if (!edgeBatch_->positions.empty())
+        edgeBatch_->upload(GL_LINES);
+    builtScene_ = scene;
+    objectCount = count;
+    processState().sceneChanged = 0;
+}
+
+void EdgeRenderer::drawScene() {
+    const DebugGroup group("edge drawing");
+    clearTo(1.0f, 1.0f, 1.0f);
+    camera.apply();
+    drawEdges();
+    drawSiteBox(*scene);
+}
+
+void EdgeRenderer::drawEdges() const {
+    glEnable(GL_MULTISAMPLE);
+    glEnable(GL_BLEND);
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    glEnable(GL_SAMPLE_ALPHA_TO_COVERAGE);
+    glDisable(GL_DEPTH_TEST);
+    glDisable(GL_CULL_FACE);
+    glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
+    glDisable(GL_POINT_SPRITE);
+    glDisable(GL_LINE_STIPPLE);
+    glLineWidth(1.0f);
+    unbindAllArrays();
+    edgeBatch_->draw(kDrawPositions | kDrawColors);
+    unbindAllArrays();
+    glDisable(GL_SAMPLE_ALPHA_TO_COVERAGE);
+    glDisable(GL_BLEND);
+}
+
+} // namespace ogl

@@ -1,0 +1,101 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#include "fixed/fixed_renderer.h"
+
+#include "fixed/bitmap_frame.h"
+#include "fixed/edge_pass.h"
+#include "fixed/mark_texture.h"
+#include "fixed/material_color.h"
+#include "fixed/surface_pass.h"
+#include "gpu/gl_debug.h"
+
+#include <algorithm>
+
+namespace ogl {
+
+namespace {
+
+constexpr float kBaseLineWidth = 0.6f;
+constexpr float kByteScale = 0.003921569f;
+
+/// The bounds of a drawing always hold this cube.
+constexpr Box kUnitCube{{-1.0f, -1.0f, -1.0f}, {1.0f, 1.0f, 1.0f}};
+
+} // namespace
+
+FixedRenderer::FixedRenderer(RenderContext& creator) : Renderer(creator) {
+    kind = kFixedRenderer;
+    lineWidth = kBaseLineWidth;
+}
+
+FixedRenderer::~FixedRenderer() = default;
+
+int FixedRenderer::clearBackground() {
+    if (scene != nullptr && (scene->drawingOptions & kOptionBackgroundColor) != 0) {
+        const uint32_t color = scene->drawingBackgroundColor;
+        for (unsigned i = 0; i < 3; ++i)
+            clearColor[i] = static_cast<float>(color >> 8 * i & 0xffu) * kByteScale;
+        clearTo(clearColor[0], clearColor[1], clearColor[2]);
+    } else {
+        clearTo(1.0f, 1.0f, 1.0f);
+    }
+    return 1;
+}
+
+int FixedRenderer::createResources() {
+    if (!markTexture.exists())
+        markTexture = createMarkTexture();
+    batches_.release();
+    return 0;
+}
+
+void FixedRenderer::releaseResources() {
+    batches_.release();
+}
+
+int FixedRenderer::drawToWindow(const GLSurface&) {
+    if (scene == nullptr)
+        return 1;
+    deleteReleasedObjects();
+    batches_.refresh(*this, kUnitCube);
+    if (objectCount == 0)
+        return 1;
+    drawScene();
+    drawFlags &= ~kDrawOnce;
+    return 1;
+}
+
+int FixedRenderer::drawToBitmap(HBITMAP bitmap) {
+    if (scene == nullptr)
+        return 1;
+    deleteReleasedObjects();
+    batches_.refreshForBitmap(*this, kUnitCube);
+    drawFrameToBitmap(*this, bitmap, [this] { drawScene(); });
+    return 1;
+}
+
+int FixedRenderer::drawToFile(const char*) {
+    return 1;
+}
+
+void FixedRenderer::setMaterialColor(const MATERIAL& material, int sharedSlot, int textured) {
+    const Vec4 color =
+        materialColor(material, textureMode, colorMode, sharedSlot != 0, textured != 0);
+    glColor4f(color.x, color.y, color.z, color.w);
+}
+
+void FixedRenderer::drawScene() {
+    const DebugGroup group("technical drawing");
+    clearBackground();
+    camera.apply();
+    SurfacePass{*this, batches_.meshes(),
+                [this](const MATERIAL& material, int sharedSlot, int textured) {
+                    setMaterialColor(material, sharedSlot, textured);
+                }}
+        .draw();
+    EdgePass{*this, batches_.edges(), batches_.silhouettes(),
+             edgeStyle(*scene, drawFlags, lineWidth)}
+        .draw();
+}
+
+} // namespace ogl

@@ -1,0 +1,197 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#include "fixed/scene_batches.h"
+
+#include "fixed/edge_builder.h"
+#include "fixed/mesh_batch_builder.h"
+#include "gpu/texture.h"
+#include "render/process_state.h"
+#include "render/renderer.h"
+
+namespace ogl {
+
+namespace {
+
+/// Change marks that the bitmap path looks at.
+constexpr uint32_t kChangedForBitmap = 0x1 | 0x4;
+constexpr uint32_t kPreviewChanged = 0x1;
+constexpr uint32_t kPreviewMeshesBuilt = 0x2;
+constexpr uint32_t kPreviewEdgesDue = 0x4;
+
+/// Builds, uploads and parks the surfaces of `object` in a slot of the host's record.
+void buildMeshBatches(MeshBatchBuilder& builder, int object, Ptr32<MeshBatchList>& slot,
+                      Box& bounds) {
+    MeshBatches batches = builder.build(object, bounds);
+    if (batches.empty())
+        return;
+    MeshBatchList* list = makeMeshBatchList();
+    if (list == nullptr)
+        return;
+    slot = list;
+    for (const auto& batch : batches)
+        batch->upload(GL_TRIANGLES);
+    builder.reclaim(batches);
+    list->batches = std::move(batches);
+}
+
+void buildEdges(const EdgeBuilder& builder, int object, CACHEENTRY& entry, ColorVertexArray& edges,
+                ColorVertexArray& silhouettes) {
+    const int count = builder.append(object, edges, &silhouettes);
+    if (count == 0)
+        return;
+    entry.edgeRecord = makeBatchSet();
+    entry.edgeCount = static_cast<uint32_t>(count);
+}
+
+bool isTwoSided(const SCENE& scene) {
+    return (scene.geometry.flags & kGeometryTwoSided) != 0;
+}
+
+int materialCount(const SCENE& scene) {
+    return ListView<MATERIAL>(scene.geometry.materials).size();
+}
+
+} // namespace
+
+bool anyObjectChanged(const VIEW& view, uint32_t marks) {
+    const int count = cacheEntryCount(view);
+    for (int k = 0; k < count; ++k)
+        if ((cacheEntry(view, k)->changeFlags & marks) != 0)
+            return true;
+    return false;
+}
+
+bool refreshPreviewRecord(const SCENE& scene, CACHEENTRY& record, bool force, Box& bounds) {
+    const bool rebuild = force || (record.changeFlags & kPreviewChanged) != 0;
+    if (rebuild) {
+        releaseBatchesOf(record);
+        MeshBatchBuilder builder(scene);
+        buildMeshBatches(builder, kAllObjects, record.meshBatches, bounds);
+        record.changeFlags =
+            (record.changeFlags & ~kPreviewChanged) | kPreviewMeshesBuilt | kPreviewEdgesDue;
+    }
+    // All objects together name no cluster of faces, so that a preview has no edges.
+    if ((record.changeFlags & kPreviewEdgesDue) != 0) {
+        releaseBatchSet(record.edgeRecord);
+        record.edgeCount = 0;
+        record.changeFlags &= ~kPreviewEdgesDue;
+    }
+    return rebuild;
+}
+
+void SceneBatches::refreshPreview(Renderer& renderer, VIEW& view) {
+    renderer.maxAnisotropy = materialAnisotropy();
+    refreshPreviewRecord(*renderer.scene, view.preview, false, renderer.sceneBounds);
+    preview_ = true;
+    previewMeshes_.collectPreview(view.preview, materialCount(*renderer.scene));
+}
+
+bool SceneBatches::isBuiltFrom(const SCENE& scene) const {
+    return edgeBatch_ != nullptr && builtScene_ == &scene;
+}
+
+bool SceneBatches::refresh(Renderer& renderer, const Box& emptyBounds) {
+    const SCENE& scene = *renderer.scene;
+    VIEW* view = viewOf(scene);
+    preview_ = false;
+    if (view != nullptr && view->previewMode != 0) {
+        refreshPreview(renderer, *view);
+        return false;
+    }
+    bool due = processState().sceneChanged != 0 || !isBuiltFrom(scene);
+    due = due || renderer.lastModelStamp != static_cast<int64_t>(modelStamp(scene));
+    due = due || twoSided_ != isTwoSided(scene);
+    due = due || (view != nullptr && anyObjectChanged(*view, kObjectChanged));
+    if (due)
+        rebuildAll(renderer, emptyBounds);
+    return due;
+}
+
+bool SceneBatches::refreshForBitmap(Renderer& renderer, const Box& emptyBounds) {
+    const SCENE& scene = *renderer.scene;
+    VIEW* view = viewOf(scene);
+    preview_ = false;
+    if (view != nullptr && view->previewMode != 0) {
+        refreshPreview(renderer, *view);
+        return false;
+    }
+    const bool due = processState().sceneChanged != 0 || !isBuiltFrom(scene) ||
+                     (view != nullptr && anyObjectChanged(*view, kChangedForBitmap));
+    if (due)
+        rebuildAll(renderer, emptyBounds);
+    return due;
+}
+
+void SceneBatches::rebuildAll(Renderer& renderer, const Box& emptyBounds) {
+    const SCENE& scene = *renderer.scene;
+    VIEW* view = viewOf(scene);
+    const int count = view != nullptr ? cacheEntryCount(*view) : 0;
+    renderer.sceneBounds = emptyBounds;
+    renderer.maxAnisotropy = materialAnisotropy();
+    meshes_.clear();
+    edgeBatch_ = std::make_unique<ColorVertexArray>();
+    silhouetteBatch_ = std::make_unique<ColorVertexArray>();
+
+    const SceneLists lists(scene);
+    MeshBatchBuilder meshBuilder(scene);
+    const EdgeBuilder edgeBuilder(scene, {.silhouettes = renderer.drawFaces != 0});
+    edgeBuilder.reserve(count, *edgeBatch_, silhouetteBatch_.get());
+    for (int k = 0; k < count; ++k) {
+        CACHEENTRY& entry = *cacheEntry(*view, k);
+        releaseBatchesOf(entry);
+        entry.changeFlags &= ~kObjectChanged;
+        if (!lists.isDrawn(k))
+            continue;
+        buildMeshBatches(meshBuilder, k, entry.meshBatches, renderer.sceneBounds);
+        buildEdges(edgeBuilder, k, entry, *edgeBatch_, *silhouetteBatch_);
+    }
+    if (!edgeBatch_->positions.empty())
+        edgeBatch_->upload(GL_LINES);
+    if (!silhouetteBatch_->positions.empty())
+        silhouetteBatch_->upload(GL_TRIANGLES);
+    if (view != nullptr)
+        meshes_.collect(*view, lists.materials.size());
+
+    builtScene_ = &scene;
+    twoSided_ = isTwoSided(scene);
+    renderer.lastModelStamp = static_cast<int64_t>(modelStamp(scene));
+    renderer.objectCount = count;
+    processState().sceneChanged = 0;
+}
+
+void SceneBatches::rebuildMeshesOnly(Renderer& renderer) {
+    const SCENE& scene = *renderer.scene;
+    VIEW* view = viewOf(scene);
+    meshes_.clear();
+    if (view == nullptr)
+        return;
+    const SceneLists lists(scene);
+    MeshBatchBuilder builder(scene);
+    const int count = cacheEntryCount(*view);
+    for (int k = 0; k < count; ++k) {
+        CACHEENTRY& entry = *cacheEntry(*view, k);
+        releaseMeshBatches(entry.meshBatches);
+        entry.changeFlags &= ~kObjectChanged;
+        if (lists.isDrawn(k))
+            buildMeshBatches(builder, k, entry.meshBatches, renderer.sceneBounds);
+    }
+    meshes_.collect(*view, lists.materials.size());
+}
+
+void SceneBatches::release() {
+    edgeBatch_.reset();
+    silhouetteBatch_.reset();
+    meshes_.clear();
+    previewMeshes_.clear();
+    builtScene_ = nullptr;
+}
+
+const ColorVertexArray* SceneBatches::edges() const {
+    return preview_ ? nullptr : edgeBatch_.get();
+}
+
+const ColorVertexArray* SceneBatches::silhouettes() const {
+    return preview_ ? nullptr : silhouetteBatch_.get();
+}
+
+} // namespace ogl

@@ -1,0 +1,105 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#include "fixed/surface_pass.h"
+
+#include "gpu/gl_debug.h"
+#include "gpu/gl_state.h"
+#include "gpu/texture.h"
+
+namespace ogl {
+
+namespace {
+
+/// Maps that the fixed-function pipeline can show: colour (2) and opacity (16).
+constexpr unsigned kColorAndOpacityMaps = 18;
+constexpr int kAlphaMapUnit = 1;
+constexpr int kLastUnit = 5;
+
+} // namespace
+
+SurfaceLayer surfaceLayer(const MATERIAL& material, bool sharedSlot, bool alphaMap) {
+    const bool blended = sharedSlot ? (material.flags & kMaterialAlphaTextured) != 0
+                                    : material.opacity != 1.0f && !alphaMap;
+    return blended ? SurfaceLayer::Blended : SurfaceLayer::Opaque;
+}
+
+bool isSkipped(const MATERIAL& material) {
+    return material.useCount == 0 ||
+           ((material.flags & kMaterialOnlyTextured) != 0 && material.textureIndex == -1);
+}
+
+void SurfacePass::draw() {
+    const DebugGroup group("surfaces");
+    const SceneLists lists(*renderer.scene);
+    setState();
+    drawLayer(SurfaceLayer::Opaque, lists);
+    glDepthMask(GL_FALSE);
+    drawLayer(SurfaceLayer::Blended, lists);
+    restoreState();
+}
+
+void SurfacePass::setState() const {
+    glDisable(GL_TEXTURE_2D);
+    glDisable(GL_TEXTURE_RECTANGLE);
+    glDisable(GL_COLOR_MATERIAL);
+    glDisable(GL_LIGHTING);
+    glShadeModel(GL_SMOOTH);
+    glDisable(GL_BLEND);
+    glEnable(GL_MULTISAMPLE);
+    glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
+    glEnable(GL_DEPTH_TEST);
+    glDepthMask(GL_TRUE);
+    glEnable(GL_CULL_FACE);
+    glCullFace(GL_BACK);
+    const bool coverage = renderer.textureMode != kTexturesNone;
+    setCapability(GL_ALPHA_TEST, coverage);
+    setCapability(GL_SAMPLE_ALPHA_TO_COVERAGE, coverage);
+    // Surfaces step back, so that edges on them show.
+    glEnable(GL_POLYGON_OFFSET_FILL);
+    glPolygonOffset(1.0f, 1.0f);
+    resetTextureUnit(0);
+    unbindAllArrays();
+}
+
+void SurfacePass::drawLayer(SurfaceLayer layer, const SceneLists& lists) {
+    for (int m = 0; m < lists.materials.size(); ++m)
+        if (!isSkipped(lists.materials[m]) && !meshes.of(m).empty())
+            drawMaterial(m, layer, lists);
+}
+
+void SurfacePass::drawMaterial(int material, SurfaceLayer layer, const SceneLists& lists) {
+    const MATERIAL& record = lists.materials[material];
+    int textured = 0;
+    int sharedSlot = 0;
+    int alphaMap = 0;
+    renderer.bindMaterialTextures(record, textured, sharedSlot, alphaMap,
+                                  renderer.textureMode != kTexturesNone ? kColorAndOpacityMaps : 0);
+    if (surfaceLayer(record, sharedSlot != 0, alphaMap != 0) != layer)
+        return;
+    setCapability(GL_CULL_FACE, alphaMap == 0); // what is cut out is seen from both sides
+    setColor(record, sharedSlot, textured);
+    const VIEW* view = viewOf(*renderer.scene);
+    for (const MeshDraw& draw : meshes.of(material)) {
+        const bool leftOut =
+            layer == SurfaceLayer::Opaque && (draw.batch->flags & kBatchTranslucent) != 0;
+        if (leftOut || !isStillDrawn(draw, lists, view))
+            continue;
+        if (alphaMap != 0)
+            draw.batch->bindTexCoords(kAlphaMapUnit);
+        draw.batch->draw(kDrawPositions);
+    }
+    if (alphaMap != 0)
+        MeshVertexArray::unbindTexCoords(kAlphaMapUnit);
+}
+
+void SurfacePass::restoreState() const {
+    unbindAllArrays();
+    for (int unit = 1; unit <= kLastUnit; ++unit)
+        resetTextureUnit(unit);
+    resetTextureUnit(0);
+    glDisable(GL_CULL_FACE);
+    glDisable(GL_SAMPLE_ALPHA_TO_COVERAGE);
+    glDisable(GL_POLYGON_OFFSET_FILL);
+}
+
+} // namespace ogl
