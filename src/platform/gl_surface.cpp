@@ -48,7 +48,8 @@ bool setPixelFormat(HDC dc, int format, const PIXELFORMATDESCRIPTOR& descriptor,
 
 } // namespace
 
-int createContext(GLSurface& surface, int requestedSamples, int isSecondary, HDC dc) {
+int createContext(GLSurface& surface, int requestedSamples, int isSecondary, HDC dc,
+                  HGLRC shareWith) {
     surface.dc = dc;
     surface.isSecondary = isSecondary;
     PIXELFORMATDESCRIPTOR descriptor = windowPixelFormat();
@@ -71,6 +72,9 @@ int createContext(GLSurface& surface, int requestedSamples, int isSecondary, HDC
     surface.glContext = makeContext(dc);
     if (surface.glContext == nullptr)
         return kCreateContextFailed;
+    // Before it is current for the first time: some drivers share nothing afterwards.
+    if (shareWith != nullptr)
+        wglShareLists(shareWith, surface.glContext);
     if (!wglMakeCurrent(dc, surface.glContext))
         return kMakeCurrentFailed;
     surface.samples = 0;

@@ -30,9 +30,11 @@ enum ContextResult : int {
 
 /// Gives `dc` a double-buffered pixel format with as many samples per pixel as the driver offers,
 /// at most `requestedSamples`, and `surface` an OpenGL context for it, which is current afterwards.
+/// The context shares textures, buffers and display lists with `shareWith` when that is not null.
 /// A window whose pixel format is set already keeps it. Sets every field but `window`.
 /// Returns a ContextResult.
-int createContext(GLSurface& surface, int requestedSamples, int isSecondary, HDC dc);
+int createContext(GLSurface& surface, int requestedSamples, int isSecondary, HDC dc,
+                  HGLRC shareWith = nullptr);
 
 /// Deletes the context, releases the device context and empties the surface. The own window's
 /// device context is not released: it belongs to that window. Harmless on an empty surface.

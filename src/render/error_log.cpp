@@ -16,4 +16,11 @@ bool ErrorLog::write(const std::string& section, const std::string& key, const s
     return file_->save();
 }
 
+bool ErrorLog::writeOnce(const std::string& section, const std::string& key,
+                         const std::string& value) {
+    if (file_ && file_->findKey(file_->findSection(section), key) >= 0)
+        return true;
+    return write(section, key, value);
+}
+
 } // namespace ogl

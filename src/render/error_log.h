@@ -21,6 +21,9 @@ class ErrorLog {
     /// written; the entry is then kept and tried again with the next one.
     bool write(const std::string& section, const std::string& key, const std::string& value);
 
+    /// The same, unless the log holds the entry already: for what every frame would report anew.
+    bool writeOnce(const std::string& section, const std::string& key, const std::string& value);
+
     const std::string& path() const { return path_; }
 
   private:

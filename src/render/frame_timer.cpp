@@ -4,8 +4,6 @@
 
 #include "platform/win32.h"
 
-#include <stdexcept>
-
 namespace ogl {
 
 namespace {
@@ -21,7 +19,7 @@ int64_t performanceCounter() {
 int64_t performanceFrequency() {
     LARGE_INTEGER frequency{};
     if (!QueryPerformanceFrequency(&frequency) || frequency.QuadPart <= 0)
-        throw std::runtime_error("Error with QueryPerformanceFrequency");
+        throw FrequencyError();
     return frequency.QuadPart;
 }
 

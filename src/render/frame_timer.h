@@ -3,14 +3,19 @@
 #pragma once
 
 #include <cstdint>
+#include <stdexcept>
 
 namespace ogl {
+
+/// The one error that leaves the library: there is no performance counter to pace frames with.
+struct FrequencyError : std::runtime_error {
+    FrequencyError() : std::runtime_error("Error with QueryPerformanceFrequency") {}
+};
 
 /// Time between two marks, from the performance counter.
 class FrameTimer {
   public:
-    /// Throws std::runtime_error("Error with QueryPerformanceFrequency") when the counter's
-    /// frequency cannot be read.
+    /// Throws FrequencyError when the counter's frequency cannot be read.
     FrameTimer();
 
     void start();

@@ -48,8 +48,7 @@ inline constexpr int kColorsWhite = 2; ///< white in the deferred renderer, else
 class Renderer {
   public:
     /// Reads what it needs from the view that it is made for, which must outlive it. Throws
-    /// std::runtime_error("Error with QueryPerformanceFrequency") when there is no performance
-    /// counter. Makes no GL call.
+    /// FrequencyError when there is no performance counter. Makes no GL call.
     explicit Renderer(RenderContext& creator);
     Renderer(const Renderer&) = delete;
     Renderer& operator=(const Renderer&) = delete;

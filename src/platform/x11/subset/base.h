@@ -16,6 +16,12 @@
 #ifndef CALLBACK
 #define CALLBACK
 #endif
+#ifndef __stdcall
+#define __stdcall
+#endif
+#ifndef __thiscall
+#define __thiscall
+#endif
 #ifndef APIENTRY
 #define APIENTRY
 #endif

@@ -1,0 +1,131 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#include "api/draw_calls.h"
+
+#include "api/renderer_selection.h"
+#include "platform/own_window.h"
+#include "render/render_context.h"
+#include "render/renderer.h"
+#include "scene/record_views.h"
+
+#include <algorithm>
+
+namespace ogl {
+
+namespace {
+
+/// Shortest time between two buffer swaps of a paced view.
+constexpr double kPacedFrameMilliseconds = 40.0;
+
+int64_t readCounter() {
+    LARGE_INTEGER value{};
+    QueryPerformanceCounter(&value);
+    return value.QuadPart;
+}
+
+bool isPaced(const SCENE& scene) {
+    const VIEW* view = viewOf(scene);
+    return view != nullptr && (view->flags & kViewPaced) != 0;
+}
+
+void paceFrame(Renderer& renderer, const SCENE& scene) {
+    renderer.previousCounter = renderer.counter;
+    renderer.counter = readCounter();
+    if (!isPaced(scene))
+        return;
+    const auto elapsed = [&] {
+        return static_cast<double>(renderer.counter - renderer.previousCounter) * 1000.0 /
+               static_cast<double>(renderer.frequency);
+    };
+    while (elapsed() < kPacedFrameMilliseconds) {
+        Sleep(0);
+        renderer.counter = readCounter();
+    }
+}
+
+/// Makes the surface current and draws the frame into its back buffer.
+void drawSurface(Renderer& renderer, const GLSurface& surface, SCENE& scene) {
+    wglMakeCurrent(surface.dc, surface.glContext);
+    renderer.setSizeFromWindow(surface);
+    renderer.setupCamera(scene);
+    glReadBuffer(GL_BACK);
+    glDrawBuffer(GL_BACK);
+    renderer.drawToWindow(surface);
+    glFlush();
+}
+
+/// Opens or closes the view's second surface as this frame's `secondWindow` asks.
+void updateSecondSurface(RenderContext& context, Renderer& renderer, HWND secondWindow) {
+    GLSurface& second = context.secondary;
+    if (secondWindow == nullptr) {
+        if (second.glContext != nullptr)
+            tearDown(second);
+        return;
+    }
+    if (second.glContext != nullptr)
+        return;
+    second.window = secondWindow;
+    const int samples = static_cast<int>(context.settings.drawingSamples.value);
+    if (createContext(second, samples, 1, GetDC(secondWindow), context.primary.glContext) !=
+        kContextCreated) {
+        context.errorLog.write("Error", "Secondary GL Context init failed!", "");
+        tearDown(second);
+        return;
+    }
+    renderer.resetGLState();
+}
+
+/// The largest view that the driver draws at once.
+struct ViewLimit {
+    GLint width = 1;
+    GLint height = 1;
+};
+ViewLimit largestView() {
+    GLint limits[2] = {1, 1};
+    glGetIntegerv(GL_MAX_VIEWPORT_DIMS, limits);
+    return {limits[0], limits[1]};
+}
+
+} // namespace
+
+void drawInWindow(RenderContext& context, SCENE& scene, uint32_t drawFlags,
+                  const WindowTargets& targets) {
+    Renderer* renderer = selectRenderer(context, scene, drawFlags);
+    if (renderer == nullptr)
+        return;
+    updateSecondSurface(context, *renderer, targets.secondWindow);
+    if (targets.drawMain && context.primary.dc != nullptr) {
+        drawSurface(*renderer, context.primary, scene);
+        if (targets.capture != nullptr)
+            renderer->copyToBitmap(targets.capture);
+        paceFrame(*renderer, scene);
+        SwapBuffers(context.primary.dc);
+    }
+    if (targets.secondWindow != nullptr && context.secondary.glContext != nullptr) {
+        drawSurface(*renderer, context.secondary, scene);
+        SwapBuffers(context.secondary.dc);
+    }
+}
+
+void drawInDibSection(RenderContext& context, SCENE& scene, uint32_t drawFlags, HBITMAP dib) {
+    Renderer* renderer = selectRenderer(context, scene, drawFlags);
+    DIBSECTION section{};
+    if (renderer != nullptr && GetObjectA(dib, sizeof section, &section) == sizeof section) {
+        if (context.window == ownWindow()) {
+            const ViewLimit limit = largestView();
+            const int width = std::min<int>(section.dsBm.bmWidth, limit.width);
+            const int height = std::min<int>(section.dsBm.bmHeight, limit.height);
+            resizeOwnWindow(width, height);
+            renderer->setSize(width, height);
+        } else {
+            renderer->setSizeFromWindow(context.primary);
+        }
+        renderer->setupCamera(scene);
+        glReadBuffer(GL_BACK);
+        glDrawBuffer(GL_BACK);
+        renderer->drawToBitmap(dib);
+    }
+    wglMakeCurrent(nullptr, nullptr);
+}
+
+} // namespace ogl

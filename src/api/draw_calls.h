@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ogl/host_records.h"
+#include "platform/win32.h"
+
+namespace ogl {
+
+class RenderContext;
+
+/// Where a window frame goes besides the view's own window.
+struct WindowTargets {
+    bool drawMain = true;        ///< draw into the view's window
+    HWND secondWindow = nullptr; ///< draw into this window too, or null
+    HBITMAP capture = nullptr;   ///< DIB section that receives the main window's frame, or null
+};
+
+/// One frame into the view's window and, when asked, a second window. Leaves the context of the
+/// last surface current.
+void drawInWindow(RenderContext& context, SCENE& scene, uint32_t drawFlags,
+                  const WindowTargets& targets);
+
+/// One frame into a DIB section. With a view on the library's own window that window takes the
+/// bitmap's size. Leaves no context current.
+void drawInDibSection(RenderContext& context, SCENE& scene, uint32_t drawFlags, HBITMAP dib);
+
+} // namespace ogl

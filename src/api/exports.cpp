@@ -1,0 +1,88 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#include "ogl/ogl.h"
+
+#include "api/draw_calls.h"
+#include "api/guard.h"
+#include "api/view_calls.h"
+#include "platform/win32.h"
+#include "render/render_context.h"
+
+using namespace ogl;
+
+extern "C" {
+
+RenderContext* OGL_CALL d3_Create(HWND window, unsigned flags, const char* iniPath) {
+    return guarded<RenderContext*>(
+        nullptr, [&] { return createView(window, flags, iniPath != nullptr ? iniPath : ""); });
+}
+
+void OGL_CALL d3_Release(RenderContext* ctx) {
+    guarded(0, [&] {
+        releaseView(ctx);
+        return 0;
+    });
+}
+
+int OGL_CALL d3_DrawInWindow(RenderContext* ctx, SCENE* scene, unsigned drawFlags, int drawMain,
+                             HWND secondWindow, HBITMAP captureBitmap) {
+    return guarded(1, [&] {
+        if (ctx != nullptr && scene != nullptr)
+            drawInWindow(*ctx, *scene, drawFlags, {drawMain != 0, secondWindow, captureBitmap});
+        return 1;
+    });
+}
+
+int OGL_CALL d3_DrawInDibSection(RenderContext* ctx, SCENE* scene, unsigned drawFlags,
+                                 HBITMAP dib) {
+    return guarded(1, [&] {
+        if (ctx != nullptr && scene != nullptr)
+            drawInDibSection(*ctx, *scene, drawFlags, dib);
+        return 1;
+    });
+}
+
+int OGL_CALL d3_DrawInFile(RenderContext* ctx, SCENE*, unsigned, int, int, const char*) {
+    return guarded(1, [&] {
+        if (ctx != nullptr)
+            ctx->errorLog.writeOnce("Error", "No renderer for files", "");
+        return 1;
+    });
+}
+
+int OGL_CALL d3_GetPickedObjects(SCENE*, int, int, int, int, int** result, int* hitCount) {
+    return guarded(1, [&] {
+        if (hitCount != nullptr)
+            *hitCount = 0;
+        if (result != nullptr)
+            *result = static_cast<int*>(GlobalLock(GlobalAlloc(0, 0)));
+        return 1;
+    });
+}
+
+int OGL_CALL d3_ExportJS(SCENE*, const char*, int, int) {
+    return 0;
+}
+
+int OGL_CALL d3_CreateTextureFromFile() {
+    return 0;
+}
+
+TextureImage* OGL_CALL d3_CreateTextureFromFileInMemory(RenderContext*, const void*, int, int, int,
+                                                        int, int, int) {
+    return nullptr;
+}
+
+void OGL_CALL d3_ReleasePointer(RenderContext*, void** pointer, int kind) {
+    guarded(0, [&] {
+        releaseParked(pointer, kind);
+        return 0;
+    });
+}
+
+int OGL_CALL di_GetState(RenderContext* ctx, void* state) {
+    return guarded(
+        0, [&] { return ctx != nullptr && state != nullptr ? ctx->input.readState(state) : 0; });
+}
+
+} // extern "C"

@@ -1,0 +1,21 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ogl/host_records.h"
+
+namespace ogl {
+
+class RenderContext;
+class Renderer;
+
+/// First step of a frame: makes the view's primary OpenGL context current, keeps, creates or
+/// replaces the process's renderer as `scene.renderMode` asks, and sets its per-call fields.
+/// Returns the renderer that draws, or null when there is none. A mode that selects no renderer
+/// keeps the current one with the fields it has.
+Renderer* selectRenderer(RenderContext& context, SCENE& scene, uint32_t drawFlags);
+
+/// Destroys the process's renderer, if there is one.
+void destroyCurrentRenderer();
+
+} // namespace ogl
