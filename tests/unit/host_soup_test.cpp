@@ -1,0 +1,358 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#include "host_scene_reader.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <limits>
+#include <numbers>
+
+namespace ogl::test {
+namespace {
+
+using namespace ogl::host;
+
+/// A soup under construction.
+struct Soup {
+    std::vector<Vec3> positions;
+    std::vector<Vec3> normals;
+    std::vector<uint32_t> indices;
+    std::vector<MaterialId> materials;
+
+    void triangle(Vec3 a, Vec3 b, Vec3 c) {
+        for (const Vec3 p : {a, b, c}) {
+            indices.push_back(static_cast<uint32_t>(positions.size()));
+            positions.push_back(p);
+        }
+    }
+    void quad(Vec3 a, Vec3 b, Vec3 c, Vec3 d) {
+        triangle(a, b, c);
+        triangle(a, c, d);
+    }
+    void smoothQuad(const Vec3 (&p)[4], const Vec3 (&n)[4]) {
+        quad(p[0], p[1], p[2], p[3]);
+        for (const size_t i : {0u, 1u, 2u, 0u, 2u, 3u})
+            normals.push_back(n[i]);
+    }
+    /// A flat quad in a soup with normals.
+    void flatQuad(Vec3 a, Vec3 b, Vec3 c, Vec3 d) {
+        quad(a, b, c, d);
+        normals.insert(normals.end(), 6, normalized(cross(b - a, c - a)));
+    }
+    TriangleSoup view() const { return {positions, normals, {}, indices, materials}; }
+};
+
+struct Result {
+    SceneBuilder builder;
+    SoupReport report;
+    std::vector<ReadFace> faces;
+
+    size_t count(bool (*which)(const ReadFace&)) const {
+        return static_cast<size_t>(std::ranges::count_if(faces, which));
+    }
+    size_t curved() const {
+        return count([](const ReadFace& f) { return f.curved(); });
+    }
+    size_t lines() const {
+        return count([](const ReadFace& f) { return f.isLine(); });
+    }
+    std::vector<ReadFace> flat() const {
+        std::vector<ReadFace> result;
+        std::ranges::copy_if(faces, std::back_inserter(result),
+                             [](const ReadFace& f) { return !f.curved() && !f.isLine(); });
+        return result;
+    }
+};
+
+Result buildSoup(const Soup& soup, const SoupOptions& options = {}) {
+    Result result;
+    result.builder.addMaterial({});
+    result.builder.addMaterial({});
+    const ObjectId object = result.builder.addObject("soup");
+    result.report = result.builder.addTriangleSoup(object, soup.view(), options);
+    result.faces = readObject(*result.builder.build(), object);
+    return result;
+}
+
+Soup box(Vec3 low, Vec3 high) {
+    Soup soup;
+    const auto p = [&](int i) {
+        return Vec3{(i & 1) ? high.x : low.x, (i & 2) ? high.y : low.y, (i & 4) ? high.z : low.z};
+    };
+    soup.quad(p(0), p(2), p(3), p(1));
+    soup.quad(p(4), p(5), p(7), p(6));
+    soup.quad(p(0), p(1), p(5), p(4));
+    soup.quad(p(2), p(6), p(7), p(3));
+    soup.quad(p(0), p(4), p(6), p(2));
+    soup.quad(p(1), p(3), p(7), p(5));
+    return soup;
+}
+
+/// A cylinder around z; `caps` as fans around the axis.
+Soup cylinder(int sides, bool withNormals, bool caps) {
+    Soup soup;
+    const auto direction = [&](int i) {
+        const double a = 2.0 * std::numbers::pi * i / sides;
+        return Vec3{std::cos(a), std::sin(a), 0.0};
+    };
+    const Vec3 up{0.0, 0.0, 1.0};
+    for (int i = 0; i < sides; ++i) {
+        const Vec3 a = direction(i);
+        const Vec3 b = direction(i + 1);
+        soup.smoothQuad({a, b, b + up, a + up}, {a, b, b, a});
+        if (caps) {
+            soup.triangle(up, a + up, b + up);
+            soup.triangle({}, b, a);
+            soup.normals.insert(soup.normals.end(), {up, up, up, -up, -up, -up});
+        }
+    }
+    if (!withNormals)
+        soup.normals.clear();
+    return soup;
+}
+
+void expectVisibleSidesOutwards(const std::vector<ReadFace>& faces, Vec3 inside) {
+    for (const ReadFace& face : faces) {
+        const Vec3 a = face.corners[0];
+        const Vec3 stored = cross(face.corners[1] - a, face.corners[2] - a);
+        EXPECT_LT(dot(stored, a - inside), 0.0) << "stored triangles run clockwise from outside";
+        EXPECT_LT(dot(face.normal, a - inside), 0.0) << "the face normal points inwards";
+    }
+}
+
+TEST(HostSoup, CubeBecomesSixFacesWithFourCorners) {
+    const Result r = buildSoup(box({-1, -1, -1}, {1, 1, 1}));
+    ASSERT_EQ(r.faces.size(), 6u);
+    for (const ReadFace& face : r.faces) {
+        ASSERT_EQ(face.loops.size(), 1u);
+        EXPECT_EQ(face.loops[0].points.size(), 4u);
+        EXPECT_TRUE(face.loops[0].closed);
+        EXPECT_FALSE(face.loops[0].hidden);
+        EXPECT_DOUBLE_EQ(face.area(), 4.0);
+        EXPECT_NEAR(length(face.normal), 1.0, 1e-12);
+        // The outline runs like the triangles.
+        EXPECT_GT(dot(loopArea(face.loops[0]), face.normal), 7.9);
+    }
+    expectVisibleSidesOutwards(r.faces, {});
+}
+
+TEST(HostSoup, WallWithWindowIsOneFaceWithTwoLoops) {
+    Soup soup;
+    const double x[4] = {0, 1, 3, 5};
+    const double z[4] = {0, 1, 2, 2.5};
+    for (int i = 0; i < 3; ++i)
+        for (int j = 0; j < 3; ++j)
+            if (i != 1 || j != 1)
+                soup.quad({x[i], 0, z[j]}, {x[i + 1], 0, z[j]}, {x[i + 1], 0, z[j + 1]},
+                          {x[i], 0, z[j + 1]});
+    const Result r = buildSoup(soup);
+    ASSERT_EQ(r.faces.size(), 1u);
+    const ReadFace& wall = r.faces[0];
+    EXPECT_NEAR(wall.area(), 12.5 - 2.0, 1e-5);
+    ASSERT_EQ(wall.loops.size(), 2u);
+    EXPECT_EQ(wall.loops[0].points.size(), 4u);
+    EXPECT_EQ(wall.loops[1].points.size(), 4u);
+    EXPECT_NEAR(dot(loopArea(wall.loops[0]), wall.normal), 25.0, 1e-4);
+    EXPECT_NEAR(dot(loopArea(wall.loops[1]), wall.normal), -4.0, 1e-4);
+    EXPECT_NEAR(wall.normal.y, 1.0, 1e-9); // visible from -y, so inwards is +y
+}
+
+TEST(HostSoup, CylinderIsASmoothSideAndTwoCaps) {
+    for (const bool withNormals : {false, true}) {
+        SCOPED_TRACE(withNormals ? "with normals" : "without normals");
+        const Result r = buildSoup(cylinder(24, withNormals, true));
+        EXPECT_EQ(r.curved(), 1u);
+        EXPECT_EQ(r.lines(), 0u);
+        const auto caps = r.flat();
+        ASSERT_EQ(caps.size(), 2u);
+        for (const ReadFace& cap : caps) {
+            ASSERT_EQ(cap.loops.size(), 1u);
+            EXPECT_EQ(cap.loops[0].points.size(), 24u);
+            EXPECT_FALSE(cap.loops[0].hidden);
+        }
+        for (const ReadFace& face : r.faces) {
+            if (!face.curved())
+                continue;
+            EXPECT_EQ(face.corners.size(), 24u * 6u);
+            for (const ReadLoop& loop : face.loops)
+                EXPECT_TRUE(loop.points.empty());
+            for (size_t i = 0; i < face.corners.size(); ++i) {
+                const Vec3 out = normalized({face.corners[i].x, face.corners[i].y, 0.0});
+                EXPECT_GT(dot(face.normals[i], out), 0.9999);
+            }
+        }
+    }
+}
+
+TEST(HostSoup, OpenShadeGetsABackSideAndItsRims) {
+    const Result r = buildSoup(cylinder(24, true, false));
+    EXPECT_EQ(r.curved(), 2u);
+    ASSERT_EQ(r.lines(), 2u);
+    for (const ReadFace& face : r.faces) {
+        if (!face.isLine())
+            continue;
+        ASSERT_EQ(face.loops.size(), 1u);
+        EXPECT_TRUE(face.loops[0].closed);
+        EXPECT_EQ(face.loops[0].points.size(), 24u);
+    }
+    const auto& faces = r.faces;
+    EXPECT_LT(dot(faces[0].normals[0], faces[1].normals[0]), -0.9);
+}
+
+TEST(HostSoup, ShallowRidgeStaysAnEdge) {
+    Soup soup;
+    soup.quad({0, 0, 0}, {10, 0, 0}, {10, 4, 0.7}, {0, 4, 0.7});
+    soup.quad({0, 4, 0.7}, {10, 4, 0.7}, {10, 8, 0}, {0, 8, 0});
+    const Result r = buildSoup(soup);
+    ASSERT_EQ(r.flat().size(), 2u);
+    for (const ReadFace& face : r.faces)
+        EXPECT_EQ(face.loops.at(0).points.size(), 4u);
+}
+
+TEST(HostSoup, SidesThatDoNotMatchAreMerged) {
+    // One quad beside three, beside one: their corners meet nowhere but at the ends.
+    Soup soup;
+    soup.quad({0, 0, 0}, {1, 0, 0}, {1, 0, 3}, {0, 0, 3});
+    for (int i = 0; i < 3; ++i)
+        soup.quad({1, 0, i * 1.0}, {2, 0, i * 1.0}, {2, 0, i + 1.0}, {1, 0, i + 1.0});
+    soup.quad({2, 0, 0}, {4, 0, 0}, {4, 0, 3}, {2, 0, 3});
+    const Result r = buildSoup(soup);
+    ASSERT_EQ(r.faces.size(), 1u);
+    ASSERT_EQ(r.faces[0].loops.size(), 1u);
+    EXPECT_EQ(r.faces[0].loops[0].points.size(), 4u);
+    EXPECT_NEAR(r.faces[0].area(), 12.0, 1e-5);
+}
+
+TEST(HostSoup, NearlyEqualCornersAreWelded) {
+    Soup soup;
+    soup.quad({0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0});
+    soup.quad({1.00003, 0, 0}, {2, 0, 0}, {2, 1, 0}, {0.99998, 1.00004, 0});
+    const Result r = buildSoup(soup);
+    ASSERT_EQ(r.faces.size(), 1u);
+    EXPECT_EQ(r.faces[0].loops.at(0).points.size(), 4u);
+}
+
+TEST(HostSoup, MaterialsKeepTheirBorder) {
+    Soup soup;
+    soup.quad({0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0});
+    soup.quad({1, 0, 0}, {2, 0, 0}, {2, 1, 0}, {1, 1, 0});
+    soup.materials = {0, 0, 1, 1};
+    const Result r = buildSoup(soup);
+    ASSERT_EQ(r.faces.size(), 2u);
+    EXPECT_NE(r.faces[0].material, r.faces[1].material);
+    for (const ReadFace& face : r.faces)
+        EXPECT_EQ(face.loops.at(0).points.size(), 4u);
+}
+
+TEST(HostSoup, HolesThatTouchStayLoopsOfTheirOwn) {
+    // A 3 x 3 board without two squares that touch in one corner.
+    Soup soup;
+    for (int i = 0; i < 4; ++i)
+        for (int j = 0; j < 4; ++j)
+            if (!(i == 1 && j == 1) && !(i == 2 && j == 2))
+                soup.quad({i * 1.0, j * 1.0, 0}, {i + 1.0, j * 1.0, 0}, {i + 1.0, j + 1.0, 0},
+                          {i * 1.0, j + 1.0, 0});
+    const Result r = buildSoup(soup);
+    ASSERT_EQ(r.faces.size(), 1u);
+    double area = 0.0;
+    for (const ReadLoop& loop : r.faces[0].loops) {
+        EXPECT_TRUE(loop.closed);
+        area += dot(loopArea(loop), r.faces[0].normal) * 0.5;
+    }
+    EXPECT_NEAR(area, 14.0, 1e-5);
+    EXPECT_NEAR(dot(loopArea(r.faces[0].loops[0]), r.faces[0].normal), 32.0, 1e-4);
+}
+
+TEST(HostSoup, RoundedEdgeHasNoLineWhereItIsTangent) {
+    // A flat top that runs into a quarter round.
+    Soup soup;
+    soup.flatQuad({-2, 0, 1}, {0, 0, 1}, {0, 5, 1}, {-2, 5, 1});
+    constexpr int kSteps = 6;
+    for (int i = 0; i < kSteps; ++i) {
+        const auto at = [](int k) {
+            const double a = std::numbers::pi * 0.5 * (1.0 - k / double{kSteps});
+            return Vec3{std::cos(a), 0.0, std::sin(a)};
+        };
+        const Vec3 a = at(i);
+        const Vec3 b = at(i + 1);
+        const Vec3 along{0, 5, 0};
+        soup.smoothQuad({a, b, b + along, a + along}, {a, b, b, a});
+    }
+    const Result r = buildSoup(soup);
+    const auto flat = r.flat();
+    ASSERT_EQ(flat.size(), 1u);
+    ASSERT_EQ(flat[0].loops.size(), 2u);
+    EXPECT_TRUE(flat[0].loops[0].hidden);
+    EXPECT_EQ(flat[0].loops[0].points.size(), 4u);
+    EXPECT_FALSE(flat[0].loops[1].closed);
+    EXPECT_FALSE(flat[0].loops[1].hidden);
+    ASSERT_EQ(flat[0].loops[1].points.size(), 4u);
+    for (size_t i : {0u, 3u})
+        EXPECT_NEAR(flat[0].loops[1].points[i].x, 0.0, 1e-6) << "the open run ends at the tangent";
+}
+
+TEST(HostSoup, SheetWithTwoSidesIsOutlinedOnce) {
+    Soup soup;
+    soup.quad({0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0});
+    SoupOptions options;
+    options.bothSides = true;
+    const Result r = buildSoup(soup, options);
+    ASSERT_EQ(r.faces.size(), 2u);
+    EXPECT_LT(dot(r.faces[0].normal, r.faces[1].normal), -0.999);
+    size_t drawn = 0;
+    for (const ReadFace& face : r.faces)
+        for (const ReadLoop& loop : face.loops)
+            drawn += loop.points.empty() ? 0 : 1;
+    EXPECT_EQ(drawn, 1u);
+}
+
+TEST(HostSoup, UnusableTrianglesAreDroppedAndCounted) {
+    constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+    constexpr double kInfinity = std::numeric_limits<double>::infinity();
+    struct Case {
+        const char* name;
+        Vec3 a, b, c;
+        size_t SoupReport::*counter;
+    };
+    const Case cases[] = {
+        {"not a number", {kNan, 0, 0}, {1, 0, 0}, {0, 1, 0}, &SoupReport::invalid},
+        {"infinite", {0, 0, 0}, {1, kInfinity, 0}, {0, 1, 0}, &SoupReport::invalid},
+        {"beyond the grid", {0, 0, 0}, {1e9, 0, 0}, {0, 1, 0}, &SoupReport::invalid},
+        {"two equal corners", {5, 0, 0}, {5, 0, 0}, {5, 1, 0}, &SoupReport::degenerate},
+        {"on a line", {5, 0, 0}, {6, 1, 0}, {7, 2, 0}, &SoupReport::degenerate},
+        {"the same again, turned", {1, 0, 0}, {0, 1, 0}, {0, 0, 0}, &SoupReport::duplicate},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        Soup soup;
+        soup.triangle({0, 0, 0}, {1, 0, 0}, {0, 1, 0});
+        soup.triangle(c.a, c.b, c.c);
+        const Result r = buildSoup(soup);
+        EXPECT_EQ(r.report.*c.counter, 1u);
+        EXPECT_EQ(r.report.triangles, 1u);
+        EXPECT_EQ(r.faces.size(), 1u);
+    }
+    Soup soup;
+    soup.triangle({0, 0, 0}, {1, 0, 0}, {0, 1, 0});
+    soup.indices.insert(soup.indices.end(), {0, 1, 77});
+    EXPECT_EQ(buildSoup(soup).report.invalid, 1u) << "index out of range";
+    soup.indices.resize(3);
+    soup.materials = {9};
+    EXPECT_EQ(buildSoup(soup).report.invalid, 1u) << "unknown material";
+    EXPECT_TRUE(buildSoup(Soup{}).faces.empty());
+}
+
+TEST(HostSoup, EdgesAndTrianglesShareTheirCornersToTheLastBit) {
+    const Result r = buildSoup(box({0.1234567, -7.7654321, 33.333333}, {17.654321, 2.2, 35.1}));
+    ASSERT_EQ(r.faces.size(), 6u);
+    for (const ReadFace& face : r.faces)
+        for (const ReadLoop& loop : face.loops)
+            for (const Vec3& p : loop.points)
+                EXPECT_TRUE(std::ranges::any_of(
+                    face.corners, [&](Vec3 c) { return c.x == p.x && c.y == p.y && c.z == p.z; }))
+                    << p.x << " " << p.y << " " << p.z;
+}
+
+} // namespace
+} // namespace ogl::test
