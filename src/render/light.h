@@ -34,7 +34,7 @@ class Light {
 /// A light with a shadow map, seen through the light's camera.
 class ShadowLight : public Light {
   public:
-    ShadowLight(LightKind lightKind, std::unique_ptr<Camera> lightCamera);
+    ShadowLight(LightKind lightKind, std::unique_ptr<Camera> shadowCamera);
 
     /// Binds the shadow map on `unit` for depth comparison and sets the unit's texture matrix from
     /// scene coordinates to the map. The matrix stacks stay as they are; the unit stays active.
