@@ -60,7 +60,7 @@ start_display() {
     command -v Xvfb >/dev/null || die "Xvfb is not installed; run scripts/setup.sh first"
     mkdir -p build
     number_file=$(mktemp build/display.XXXXXX)
-    Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$number_file" >/dev/null 2>&1 &
+    setpriv --pdeathsig TERM Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$number_file" >/dev/null 2>&1 &
     display_pid=$!
     trap stop_display EXIT
     for _ in $(seq 100); do

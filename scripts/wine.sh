@@ -30,9 +30,10 @@ tree=${OGL_WINE_ROOT:-$root/build/wine-root}
 tree_packages=(fonts-liberation libgl1 libgl1-mesa-dri libglu1-mesa libglx-mesa0 wine wine32)
 log=build/wine-log
 
-# in_namespace COMMAND...: as root, with mounts and processes that end with the command.
+# in_namespace COMMAND...: as root, with mounts and processes that end with the command, and the
+# command with this script.
 in_namespace() {
-    as_root unshare --mount --propagation private --pid --fork --kill-child "$@"
+    as_root setpriv --pdeathsig KILL unshare --mount --propagation private --pid --fork --kill-child "$@"
 }
 
 # The prefix is for one program at a time; it also starts empty when the kind changes.
@@ -98,8 +99,8 @@ run_kind() {
     local kind=$1
     shift
     export WINEDEBUG=${WINEDEBUG:--all}
-    # No offer to install Mono or Gecko.
-    export WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree,mshtml=}
+    # No offer to install Mono or Gecko, and no debugger that waits for an answer after a crash.
+    export WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree,mshtml,winedbg.exe=}
     case $kind in
     installed)
         wine_program=(wine)
