@@ -59,7 +59,7 @@ class HashIndex {
     };
 
     size_t find(uint64_t key) const {
-        size_t at = key & mask_;
+        size_t at = static_cast<size_t>(key) & mask_;
         while (slots_[at].head != kEnd && slots_[at].key != key)
             at = (at + 1) & mask_;
         return at;
