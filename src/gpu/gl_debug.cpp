@@ -20,7 +20,9 @@ void APIENTRY printMessage(GLenum, GLenum type, GLuint id, GLenum severity, GLsi
                            const GLchar* message, const void*) {
     if (severity == GL_DEBUG_SEVERITY_NOTIFICATION)
         return;
-    ++messageCount;
+    // That a driver compiles a shader at its first use is worth knowing, but no fault.
+    if (type != GL_DEBUG_TYPE_PERFORMANCE)
+        ++messageCount;
     std::fprintf(stderr, "ogl: %s: OpenGL message 0x%x (type 0x%x): %s\n",
                  *currentPass != '\0' ? currentPass : "outside a pass", id, type, message);
 }

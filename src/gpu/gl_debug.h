@@ -11,7 +11,7 @@ bool debugRequested();
 /// that it came from. Does nothing unless debugRequested(), or when the driver has no debug output.
 void installDebugOutput();
 
-/// Messages seen since the program started, notifications left out.
+/// Messages seen since the program started; notifications and hints on performance left out.
 int debugMessageCount();
 
 /// Names a pass for debug messages and frame debuggers, for as long as it lives.

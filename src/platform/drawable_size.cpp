@@ -3,6 +3,7 @@
 #include "platform/drawable_size.h"
 
 #include <array>
+#include <chrono>
 
 namespace ogl {
 
@@ -47,15 +48,14 @@ bool waitForDrawableSize(HDC dc, int width, int height) {
     glPixelStorei(GL_PACK_SKIP_ROWS, 0);
     glPixelStorei(GL_PACK_ROW_LENGTH, 0);
 
+    const auto limit = std::chrono::steady_clock::now() + std::chrono::seconds(1);
     bool covered = false;
-    constexpr int kLimitMilliseconds = 1000;
-    constexpr int kPauseMilliseconds = 5;
-    for (int waited = 0; !covered && waited < kLimitMilliseconds; waited += kPauseMilliseconds) {
-        if (waited > 0)
-            Sleep(kPauseMilliseconds);
+    do {
         SwapBuffers(dc);
         covered = drawableCovers(width, height);
-    }
+        if (!covered)
+            Sleep(1);
+    } while (!covered && std::chrono::steady_clock::now() < limit);
 
     glBindFramebuffer(GL_FRAMEBUFFER, static_cast<GLuint>(framebuffer));
     glPopClientAttrib();

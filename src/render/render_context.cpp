@@ -75,7 +75,7 @@ RenderContext::RenderContext(HWND viewWindow, unsigned createFlags, const char* 
     std::string settingsPath = iniPath;
     if (settingsPath.empty()) {
         settingsPath = "space.ini";
-        directory = "\\";
+        directory.assign(1, '\\');
     } else {
         directory = directoryOf(settingsPath);
     }
@@ -116,6 +116,8 @@ bool RenderContext::initializeOpenGL() {
         return false;
     if (!buildBitmapFont(primary.dc, fontListBase))
         logError("Font build failed");
+    // Only now: on Wine the font raises a message that buildBitmapFont has dealt with.
+    installDebugOutput();
     wglMakeCurrent(nullptr, nullptr);
     glReady = 1;
     return true;
@@ -136,7 +138,6 @@ bool RenderContext::makePrimaryContext() {
         logError("Primary GL Context init failed", std::to_string(result));
         return false;
     }
-    installDebugOutput();
     viewOpened();
     opened_ = true;
     return true;

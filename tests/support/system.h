@@ -32,4 +32,10 @@ struct ProcessResult {
 ProcessResult runProgram(const std::string& program, const std::vector<std::string>& arguments,
                          const std::vector<std::pair<std::string, std::string>>& variables = {});
 
+/// Whether variables for a child reach the graphics driver below it.
+bool childrenPassVariablesToDrivers();
+
+/// Of loadable modules, with its dot.
+std::string moduleExtension();
+
 } // namespace ogl::test

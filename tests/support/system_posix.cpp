@@ -78,4 +78,12 @@ ProcessResult runProgram(const std::string& program, const std::vector<std::stri
     return result;
 }
 
+bool childrenPassVariablesToDrivers() {
+    return true;
+}
+
+std::string moduleExtension() {
+    return ".so";
+}
+
 } // namespace ogl::test

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "support/system.h"
 
+#include "support/temp_folder.h"
+
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
@@ -75,18 +77,22 @@ ProcessResult runProgram(const std::string& program, const std::vector<std::stri
     for (const std::string& argument : arguments)
         commandLine += " \"" + argument + "\"";
 
+    // A file, not a pipe: what Wine starts along with the first window inherits the handle too and
+    // would keep a pipe open for ever.
+    const TempFolder folder;
+    const std::string outputPath = folder.file("output");
     SECURITY_ATTRIBUTES inheritable{sizeof(SECURITY_ATTRIBUTES), nullptr, TRUE};
-    HANDLE readEnd = nullptr;
-    HANDLE writeEnd = nullptr;
-    if (!CreatePipe(&readEnd, &writeEnd, &inheritable, 0))
+    const HANDLE output = CreateFileA(outputPath.c_str(), GENERIC_WRITE,
+                                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                      &inheritable, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (output == INVALID_HANDLE_VALUE)
         return result;
-    SetHandleInformation(readEnd, HANDLE_FLAG_INHERIT, 0);
     STARTUPINFOA startup{};
     startup.cb = sizeof startup;
     startup.dwFlags = STARTF_USESTDHANDLES;
     startup.hStdInput = GetStdHandle(STD_INPUT_HANDLE);
-    startup.hStdOutput = writeEnd;
-    startup.hStdError = writeEnd;
+    startup.hStdOutput = output;
+    startup.hStdError = output;
     PROCESS_INFORMATION process{};
     BOOL started = FALSE;
     {
@@ -94,21 +100,25 @@ ProcessResult runProgram(const std::string& program, const std::vector<std::stri
         started = CreateProcessA(program.c_str(), commandLine.data(), nullptr, nullptr, TRUE, 0,
                                  nullptr, nullptr, &startup, &process);
     }
-    CloseHandle(writeEnd);
+    CloseHandle(output);
     if (started) {
-        char buffer[4096];
-        for (DWORD count = 0;
-             ReadFile(readEnd, buffer, sizeof buffer, &count, nullptr) && count > 0;)
-            result.output.append(buffer, count);
         WaitForSingleObject(process.hProcess, INFINITE);
         DWORD code = 0;
         if (GetExitCodeProcess(process.hProcess, &code))
             result.exitCode = static_cast<int>(code);
         CloseHandle(process.hThread);
         CloseHandle(process.hProcess);
+        result.output = readFile(outputPath);
     }
-    CloseHandle(readEnd);
     return result;
+}
+
+bool childrenPassVariablesToDrivers() {
+    return false; // Wine's driver sees the environment that Wine itself was started with
+}
+
+std::string moduleExtension() {
+    return ".dll";
 }
 
 } // namespace ogl::test

@@ -15,12 +15,14 @@ namespace ogl::test {
 namespace fs = std::filesystem;
 
 TempFolder::TempFolder() {
+    // A number that is taken was left by a program that was killed, whose id came back.
     static int number = 0;
-    const std::string name =
-        "ogl-test-" + std::to_string(processId()) + "-" + std::to_string(number++);
-    const fs::path folder = fs::temp_directory_path() / name;
-    if (!fs::create_directory(folder))
-        throw std::runtime_error("cannot create " + folder.string());
+    fs::path folder;
+    do {
+        const std::string name =
+            "ogl-test-" + std::to_string(processId()) + "-" + std::to_string(number++);
+        folder = fs::temp_directory_path() / name;
+    } while (!fs::create_directory(folder) && number < 100000);
     path_ = folder.string();
 }
 

@@ -1,0 +1,128 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#include "support/system.h"
+#include "support/temp_folder.h"
+
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace ogl {
+namespace {
+
+using test::ProcessResult;
+using test::readFile;
+using test::runProgram;
+using test::TempFolder;
+using test::writeFile;
+
+using Variables = std::vector<std::pair<std::string, std::string>>;
+
+std::string probePath() {
+    const std::filesystem::path self = test::programPath();
+    return (self.parent_path() / "ogl_view_probe").string() + self.extension().string();
+}
+
+/// A driver as Mesa's override variables present it, and the whole log that it leads to.
+struct Driver {
+    const char* name;
+    Variables overrides;
+    bool ready;
+    const char* errors;
+    const char* version;
+    const char* shadingLanguage;
+    bool texturesAsked; ///< the log says how many samples textures have
+};
+
+const Driver kDrivers[] = {
+    {"OpenGL 2.1",
+     {{"MESA_GL_VERSION_OVERRIDE", "2.1"}, {"MESA_GLSL_VERSION_OVERRIDE", "120"}},
+     false,
+     "OpenGL Version 3 required=\n",
+     "210",
+     "1.2",
+     false},
+    {"OpenGL 2.1 with a newer shading language",
+     {{"MESA_GL_VERSION_OVERRIDE", "2.1"}, {"MESA_GLSL_VERSION_OVERRIDE", "150"}},
+     false,
+     "OpenGL Version 3 required=\n",
+     "210",
+     "1.5",
+     false},
+    {"OpenGL 3.0 with GLSL 1.3",
+     {{"MESA_GL_VERSION_OVERRIDE", "3.0COMPAT"}, {"MESA_GLSL_VERSION_OVERRIDE", "130"}},
+     false,
+     "GLSL Version 1.5 required=\n",
+     "300",
+     "1.3",
+     false},
+    {"GLSL 1.4",
+     {{"MESA_GL_VERSION_OVERRIDE", "3.1COMPAT"}, {"MESA_GLSL_VERSION_OVERRIDE", "140"}},
+     false,
+     "GLSL Version 1.5 required=\n",
+     "310",
+     "1.4",
+     false},
+    {"GLSL 1.5",
+     {{"MESA_GL_VERSION_OVERRIDE", "3.2COMPAT"}, {"MESA_GLSL_VERSION_OVERRIDE", "150"}},
+     true,
+     "",
+     "320",
+     "1.5",
+     true},
+    {"no rectangle textures",
+     {{"MESA_GL_VERSION_OVERRIDE", "3.2COMPAT"},
+      {"MESA_GLSL_VERSION_OVERRIDE", "150"},
+      {"MESA_EXTENSION_OVERRIDE", "-GL_ARB_texture_rectangle"}},
+     false,
+     "GL_ARB_texture_rectangle not supported=\n",
+     "320",
+     "1.5",
+     true},
+    {"no multisample textures",
+     {{"MESA_GL_VERSION_OVERRIDE", "3.2COMPAT"},
+      {"MESA_GLSL_VERSION_OVERRIDE", "150"},
+      {"MESA_EXTENSION_OVERRIDE", "-GL_ARB_texture_multisample"}},
+     false,
+     "GL_ARB_texture_multisample not supported=\n",
+     "320",
+     "1.5",
+     true},
+};
+
+/// The line "key=..." of a log, with its line end; empty when there is none.
+std::string lineOf(const std::string& log, const std::string& key) {
+    const size_t begin = log.find("\n" + key + "=");
+    return begin == std::string::npos ? ""
+                                      : log.substr(begin + 1, log.find('\n', begin + 1) - begin);
+}
+
+TEST(Capabilities, EachMissingOneIsRefusedWithItsEntry) {
+    if (!test::childrenPassVariablesToDrivers())
+        GTEST_SKIP() << "a Windows program cannot hand Mesa's overrides to the driver below Wine";
+    const TempFolder folder;
+    writeFile(folder.file("space.ini"), "[OpenGL]\nnumAASamplesDrawing=8\n");
+    for (const Driver& driver : kDrivers) {
+        SCOPED_TRACE(driver.name);
+        std::filesystem::remove(folder.file("ogl.log"));
+        const ProcessResult result = runProgram(probePath(), {folder.path()}, driver.overrides);
+        EXPECT_EQ(result.exitCode, 0) << result.output;
+        EXPECT_NE(result.output.find(driver.ready ? "ready 1" : "ready 0"), std::string::npos)
+            << result.output;
+        const std::string log = readFile(folder.file("ogl.log"));
+        // These two depend on the graphics hardware's driver alone.
+        const std::string vendor = lineOf(log, "Vendor");
+        const std::string samples = lineOf(log, "MaxTextureAA");
+        EXPECT_EQ(samples.empty(), !driver.texturesAsked);
+        EXPECT_EQ(log, std::string("[Error]\nKeyboard mouse problem!=\n") + driver.errors +
+                           "\n[OpenGL]\n" + vendor + "Version=" + driver.version +
+                           "\nGLSL Version=" + driver.shadingLanguage + "\n" +
+                           lineOf(log, "AA Format") + samples + "\n");
+        EXPECT_NE(lineOf(log, "AA Format"), "");
+    }
+}
+
+} // namespace
+} // namespace ogl
