@@ -1,0 +1,174 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+//
+// The library as a host meets it: views, frames and releases through the exported functions.
+#include "abi/library.h"
+#include "abi/wall_scene.h"
+#include "support/dib.h"
+#include "support/temp_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace ogl::test {
+namespace {
+
+/// A view on the library's own window.
+class View {
+  public:
+    explicit View(HWND window = nullptr, unsigned flags = 0)
+        : context_(library().create(window, flags, folder_.hostFile("space.ini").c_str())) {}
+    ~View() { release(); }
+    void release() {
+        library().release(context_);
+        context_ = nullptr;
+    }
+    RenderContext* get() const { return context_; }
+    std::string log() const { return readFile(folder_.file("ogl.log")); }
+
+  private:
+    TempFolder folder_;
+    RenderContext* context_;
+};
+
+class ViewTest : public testing::Test {
+  protected:
+    void draw(const View& view, const Dib& dib) {
+        EXPECT_EQ(library().drawInDibSection(view.get(), scene.record(), 1, dib.handle()), 1);
+    }
+    WallScene scene;
+};
+
+/// The wall is white, the paper around it has the drawing's background colour.
+void expectWall(const Dib& dib, const char* what) {
+    const int w = dib.width(), h = dib.height();
+    const Pixel white{255, 255, 255};
+    EXPECT_EQ(dib.at(w / 2, h / 2), white) << what;
+    for (const auto& [x, y] : {std::pair{1, 1}, {w - 2, 1}, {1, h - 2}, {w - 2, h - 2}})
+        EXPECT_EQ(dib.at(x, y), WallScene::kPaper) << what << " " << x << "," << y;
+}
+
+TEST_F(ViewTest, DrawsEverySizeGrowingAndShrinking) {
+    const View view;
+    ASSERT_NE(view.get(), nullptr) << view.log();
+    for (const auto& [width, height] : {std::pair{320, 240},
+                                        {640, 480},
+                                        {641, 200},
+                                        {33, 777},
+                                        {1200, 900},
+                                        {16, 16},
+                                        {320, 240}}) {
+        for (int bits : {24, 32}) {
+            Dib dib(width, height, bits);
+            draw(view, dib);
+            expectWall(dib, (std::to_string(width) + "x" + std::to_string(height)).c_str());
+        }
+    }
+}
+
+TEST_F(ViewTest, BitmapsHoldTheBottomRowFirst) {
+    const View view;
+    ASSERT_NE(view.get(), nullptr);
+    scene.raiseCamera(); // the wall moves to the lower half of the picture
+    Dib dib(200, 200);
+    draw(view, dib);
+    EXPECT_EQ(dib.at(100, 150), (Pixel{255, 255, 255}));
+    EXPECT_EQ(dib.at(100, 30), WallScene::kPaper);
+}
+
+TEST_F(ViewTest, ModesWithoutRendererLeaveTheBitmapAndSaySoOnce) {
+    const View view;
+    ASSERT_NE(view.get(), nullptr);
+    for (int mode : {9, 12, 7, 8}) {
+        scene.setMode(mode);
+        Dib dib(64, 64);
+        draw(view, dib);
+        draw(view, dib);
+        EXPECT_EQ(dib.touchedBytes(), 0u) << mode;
+    }
+    EXPECT_NE(view.log().find("No renderer for mode 7="), std::string::npos) << view.log();
+    EXPECT_NE(view.log().find("No renderer for mode 8="), std::string::npos);
+    EXPECT_EQ(view.log().find("mode 9"), std::string::npos);
+    // A mode that selects nothing is drawn by the renderer that is there.
+    scene.setMode(kRenderModeDrawing);
+    Dib dib(64, 64);
+    draw(view, dib);
+    scene.setMode(9);
+    Dib kept(64, 64);
+    draw(view, kept);
+    EXPECT_EQ(kept.bytes(), dib.bytes());
+}
+
+TEST_F(ViewTest, ReleasedPointersAreNullAndRebuilt) {
+    const View view;
+    ASSERT_NE(view.get(), nullptr);
+    Dib dib(64, 64);
+    draw(view, dib);
+    CACHEENTRY* entry = scene.cacheEntry();
+    ASSERT_TRUE(entry->meshBatches);
+    ASSERT_TRUE(entry->edgeRecord);
+    void** meshSlot = reinterpret_cast<void**>(reinterpret_cast<uint8_t*>(entry) + 4);
+    void** edgeSlot = reinterpret_cast<void**>(reinterpret_cast<uint8_t*>(entry) + 16);
+    library().releasePointer(view.get(), meshSlot, kReleaseMeshBatches);
+    library().releasePointer(nullptr, edgeSlot, kReleaseBatchSet);
+    EXPECT_FALSE(entry->meshBatches);
+    EXPECT_FALSE(entry->edgeRecord);
+    library().releasePointer(nullptr, meshSlot, kReleaseMeshBatches); // null already
+    draw(view, dib);
+    EXPECT_TRUE(entry->meshBatches);
+    EXPECT_TRUE(entry->edgeRecord);
+
+    // What the library did not hand out is not freed, whatever the kind says.
+    uint32_t foreign = scene.foreignAddress();
+    for (int kind : {kReleaseTextureImage, kReleaseMeshBatches, kReleaseBatchSet, 5, -1}) {
+        uint32_t slot = foreign;
+        library().releasePointer(nullptr, reinterpret_cast<void**>(&slot), kind);
+        EXPECT_EQ(slot, 0u) << kind;
+    }
+}
+
+TEST_F(ViewTest, ViewsComeAndGoAndShareTheOwnWindow) {
+    View first;
+    ASSERT_NE(first.get(), nullptr);
+    View second;
+    ASSERT_NE(second.get(), nullptr);
+    Dib dib(100, 80);
+    draw(first, dib);
+    expectWall(dib, "first");
+    Dib other(120, 90);
+    draw(second, other);
+    expectWall(other, "second");
+    first.release();
+    Dib again(90, 70);
+    draw(second, again);
+    expectWall(again, "after the first view went");
+    second.release();
+    for (int round = 0; round < 5; ++round) {
+        const View view;
+        ASSERT_NE(view.get(), nullptr) << round;
+        Dib fresh(64 + round, 64);
+        draw(view, fresh);
+        expectWall(fresh, "new view");
+    }
+}
+
+TEST_F(ViewTest, NullArgumentsDrawNothing) {
+    const View view;
+    ASSERT_NE(view.get(), nullptr);
+    Dib dib(32, 32);
+    EXPECT_EQ(library().drawInDibSection(nullptr, scene.record(), 1, dib.handle()), 1);
+    EXPECT_EQ(library().drawInDibSection(view.get(), nullptr, 1, dib.handle()), 1);
+    EXPECT_EQ(library().drawInDibSection(view.get(), scene.record(), 1, nullptr), 1);
+    EXPECT_EQ(library().drawInWindow(nullptr, nullptr, 1, 1, nullptr, nullptr), 1);
+    EXPECT_EQ(dib.touchedBytes(), 0u);
+    library().releasePointer(nullptr, nullptr, kReleaseMeshBatches);
+    library().release(nullptr);
+    uint8_t state[272] = {};
+    EXPECT_EQ(library().inputState(nullptr, state), 0);
+    EXPECT_EQ(library().inputState(view.get(), state), 0) << "a view without devices";
+    EXPECT_EQ(library().createTextureFromFile(), 0);
+}
+
+} // namespace
+} // namespace ogl::test

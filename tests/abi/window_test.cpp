@@ -1,0 +1,153 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+//
+// Frames into windows of a host, and what they leave in its capture bitmap.
+#include "abi/library.h"
+#include "abi/wall_scene.h"
+#include "support/dib.h"
+#include "support/host_window.h"
+#include "support/temp_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace ogl::test {
+namespace {
+
+class WindowTest : public testing::Test {
+  protected:
+    void SetUp() override {
+        context = library().create(window.handle(), 0, folder.hostFile("space.ini").c_str());
+        ASSERT_NE(context, nullptr) << readFile(folder.file("ogl.log"));
+    }
+    void TearDown() override { library().release(context); }
+    void draw(HWND second = nullptr, HBITMAP capture = nullptr, int drawMain = 1) {
+        EXPECT_EQ(library().drawInWindow(context, scene.record(), 1, drawMain, second, capture), 1);
+    }
+
+    TempFolder folder;
+    HostWindow window{300, 200};
+    WallScene scene;
+    RenderContext* context = nullptr;
+};
+
+/// The wall's half size in pixels of a picture of this height.
+int wallHalf(int height) {
+    return static_cast<int>(std::lround(WallScene::kHalfSize * height / 2));
+}
+
+void expectWall(const Dib& dib, int viewWidth, int viewHeight, const char* what) {
+    const int top = dib.height() - viewHeight; // of the view, in rows of the bitmap
+    const int half = wallHalf(viewHeight);
+    const int x = viewWidth / 2, y = top + viewHeight / 2;
+    const Pixel white{255, 255, 255};
+    EXPECT_EQ(dib.at(x, y), white) << what;
+    EXPECT_EQ(dib.at(x + half - 4, y), white) << what;
+    EXPECT_EQ(dib.at(x + half + 4, y), WallScene::kPaper) << what;
+    EXPECT_EQ(dib.at(x, y + half + 4), WallScene::kPaper) << what;
+}
+
+TEST_F(WindowTest, CaptureHoldsTheFrameInEitherDepthAndIsClipped) {
+    for (int bits : {24, 32}) {
+        Dib same(300, 200, bits);
+        draw(nullptr, same.handle());
+        expectWall(same, 300, 200, "same size");
+
+        // Larger: the frame fills the lower left corner, the rest keeps its bytes.
+        Dib larger(320, 230, bits);
+        draw(nullptr, larger.handle());
+        expectWall(larger, 300, 200, "larger");
+        EXPECT_EQ(larger.at(310, 100), (Pixel{0x5A, 0x5A, 0x5A}));
+        EXPECT_EQ(larger.at(100, 10), (Pixel{0x5A, 0x5A, 0x5A}));
+
+        // Smaller: the frame's lower left part, and nothing written past the bitmap.
+        Dib smaller(151, 99, bits);
+        draw(nullptr, smaller.handle());
+        EXPECT_EQ(smaller.at(3, 95), WallScene::kPaper);
+        EXPECT_EQ(smaller.at(148, 2), (Pixel{255, 255, 255}));
+    }
+}
+
+TEST_F(WindowTest, ViewFollowsTheWindowsSize) {
+    for (const auto& [width, height] : {std::pair{400, 300}, {150, 260}, {300, 200}}) {
+        window.resize(width, height);
+        draw();
+        Dib dib(width, height);
+        draw(nullptr, dib.handle());
+        expectWall(dib, width, height, "resized");
+    }
+}
+
+TEST_F(WindowTest, BitmapsTakeTheWindowsSizeOrStayUntouched) {
+    Dib same(300, 200, 32);
+    EXPECT_EQ(library().drawInDibSection(context, scene.record(), 1, same.handle()), 1);
+    expectWall(same, 300, 200, "bitmap of the view's size");
+    RECT client{};
+    GetClientRect(window.handle(), &client);
+    EXPECT_EQ(client.right, 300);
+    EXPECT_EQ(client.bottom, 200);
+}
+
+TEST_F(WindowTest, SecondWindowSharesTheScene) {
+    HostWindow second(180, 160);
+    draw(second.handle());
+    draw(second.handle(), nullptr, 0);
+    // The main window still draws while the second one exists and after it went.
+    Dib dib(300, 200);
+    draw(second.handle(), dib.handle());
+    expectWall(dib, 300, 200, "with a second window");
+    draw();
+    Dib after(300, 200);
+    draw(nullptr, after.handle());
+    expectWall(after, 300, 200, "after the second window");
+    // And once more from the start.
+    draw(second.handle());
+    EXPECT_EQ(readFile(folder.file("ogl.log")).find("Secondary GL Context"), std::string::npos);
+}
+
+TEST_F(WindowTest, CaptureIsIgnoredWithoutTheMainWindow) {
+    Dib dib(300, 200);
+    draw(nullptr, dib.handle(), 0);
+    EXPECT_EQ(dib.touchedBytes(), 0u);
+}
+
+TEST_F(WindowTest, PacedFramesAreFortyMillisecondsApart) {
+    struct Row {
+        const char* name;
+        uint32_t viewFlags;
+        bool paced;
+    };
+    for (const Row& row : {Row{"no overlays", kViewNoOverlays, true}, Row{"paced", 0x200, true},
+                           Row{"free", 0, false}}) {
+        scene.setViewFlags(row.viewFlags);
+        draw();
+        LARGE_INTEGER frequency{}, begin{}, end{};
+        QueryPerformanceFrequency(&frequency);
+        QueryPerformanceCounter(&begin);
+        constexpr int kFrames = 5;
+        for (int frame = 0; frame < kFrames; ++frame)
+            draw();
+        QueryPerformanceCounter(&end);
+        const double milliseconds = static_cast<double>(end.QuadPart - begin.QuadPart) * 1000.0 /
+                                    static_cast<double>(frequency.QuadPart) / kFrames;
+        if (row.paced) {
+            EXPECT_GE(milliseconds, 39.0) << row.name;
+        } else {
+            EXPECT_LT(milliseconds, 39.0) << row.name;
+        }
+    }
+}
+
+TEST_F(WindowTest, EmptyWindowDrawsNothingAndSurvives) {
+    HostWindow small(1, 1);
+    RenderContext* other =
+        library().create(small.handle(), 0, folder.hostFile("space.ini").c_str());
+    ASSERT_NE(other, nullptr);
+    ShowWindow(small.handle(), SW_HIDE);
+    EXPECT_EQ(library().drawInWindow(other, scene.record(), 1, 1, nullptr, nullptr), 1);
+    library().release(other);
+}
+
+} // namespace
+} // namespace ogl::test
