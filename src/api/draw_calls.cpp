@@ -66,8 +66,7 @@ void updateSecondSurface(RenderContext& context, Renderer& renderer, HWND second
         return;
     second.window = secondWindow;
     const int samples = static_cast<int>(context.settings.drawingSamples.value);
-    if (createContext(second, samples, 1, GetDC(secondWindow), context.primary.glContext) !=
-        kContextCreated) {
+    if (createContext(second, samples, 1, GetDC(secondWindow)) != kContextCreated) {
         context.errorLog.write("Error", "Secondary GL Context init failed!", "");
         tearDown(second);
         return;

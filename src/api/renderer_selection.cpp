@@ -91,10 +91,15 @@ Renderer* selectRenderer(RenderContext& context, SCENE& scene, uint32_t drawFlag
             return nullptr;
         made->resetGLState();
         made->createResources();
+        context.primary.stateReset = true;
         state.currentRenderer = made.release();
     }
 
     Renderer& renderer = *state.currentRenderer;
+    if (!context.primary.stateReset) { // another view's renderer meets this one's context
+        renderer.resetGLState();
+        context.primary.stateReset = true;
+    }
     renderer.scene = &scene;
     renderer.drawFlags = drawFlags;
     if (mode == kRenderModeDrawing)

@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <vector>
 
 namespace ogl {
 
@@ -39,6 +40,19 @@ bool searchFormat(HDC dc, int samples, int& format, char (&aaName)[32]) {
     return true;
 }
 
+/// The contexts that exist.
+std::vector<HGLRC>& shareGroup() {
+    static std::vector<HGLRC> contexts;
+    return contexts;
+}
+
+/// Before the context is current for the first time: some drivers share nothing afterwards.
+void joinShareGroup(HGLRC context) {
+    if (!shareGroup().empty())
+        wglShareLists(shareGroup().front(), context);
+    shareGroup().push_back(context);
+}
+
 /// A window takes one pixel format for its life: one that has a format keeps it.
 bool setPixelFormat(HDC dc, int format, const PIXELFORMATDESCRIPTOR& descriptor, bool& kept) {
     const int existing = GetPixelFormat(dc);
@@ -48,8 +62,7 @@ bool setPixelFormat(HDC dc, int format, const PIXELFORMATDESCRIPTOR& descriptor,
 
 } // namespace
 
-int createContext(GLSurface& surface, int requestedSamples, int isSecondary, HDC dc,
-                  HGLRC shareWith) {
+int createContext(GLSurface& surface, int requestedSamples, int isSecondary, HDC dc) {
     surface.dc = dc;
     surface.isSecondary = isSecondary;
     PIXELFORMATDESCRIPTOR descriptor = windowPixelFormat();
@@ -72,9 +85,7 @@ int createContext(GLSurface& surface, int requestedSamples, int isSecondary, HDC
     surface.glContext = makeContext(dc);
     if (surface.glContext == nullptr)
         return kCreateContextFailed;
-    // Before it is current for the first time: some drivers share nothing afterwards.
-    if (shareWith != nullptr)
-        wglShareLists(shareWith, surface.glContext);
+    joinShareGroup(surface.glContext);
     if (!wglMakeCurrent(dc, surface.glContext))
         return kMakeCurrentFailed;
     surface.samples = 0;
@@ -90,6 +101,7 @@ int createContext(GLSurface& surface, int requestedSamples, int isSecondary, HDC
 void tearDown(GLSurface& surface) {
     if (surface.glContext != nullptr) {
         wglMakeCurrent(surface.dc, nullptr);
+        std::erase(shareGroup(), surface.glContext);
         wglDeleteContext(surface.glContext);
     }
     if (surface.window != nullptr && surface.dc != nullptr && surface.dc != ownWindowDC())
@@ -99,6 +111,7 @@ void tearDown(GLSurface& surface) {
     surface.glContext = nullptr;
     surface.isSecondary = -1;
     surface.samples = -1;
+    surface.stateReset = false;
 }
 
 } // namespace ogl

@@ -13,8 +13,9 @@ struct GLSurface {
     HGLRC glContext = nullptr;
     char aaName[32] = {}; ///< for example "4x MSAA"; empty when no multisample format was found
     HWND window = nullptr;
-    int isSecondary = -1; ///< 0 first window of a view, 1 second window, -1 torn down
-    int samples = -1;     ///< GL_SAMPLES of the window's pixel format, -1 torn down
+    int isSecondary = -1;    ///< 0 first window of a view, 1 second window, -1 torn down
+    int samples = -1;        ///< GL_SAMPLES of the window's pixel format, -1 torn down
+    bool stateReset = false; ///< the context has the state that renderers start from
 };
 
 /// Results of createContext. The gaps are the codes of faults that only a structured-exception
@@ -30,11 +31,10 @@ enum ContextResult : int {
 
 /// Gives `dc` a double-buffered pixel format with as many samples per pixel as the driver offers,
 /// at most `requestedSamples`, and `surface` an OpenGL context for it, which is current afterwards.
-/// The context shares textures, buffers and display lists with `shareWith` when that is not null.
+/// All contexts share textures, buffers and display lists: one renderer draws for every view.
 /// A window whose pixel format is set already keeps it. Sets every field but `window`.
 /// Returns a ContextResult.
-int createContext(GLSurface& surface, int requestedSamples, int isSecondary, HDC dc,
-                  HGLRC shareWith = nullptr);
+int createContext(GLSurface& surface, int requestedSamples, int isSecondary, HDC dc);
 
 /// Deletes the context, releases the device context and empties the surface. The own window's
 /// device context is not released: it belongs to that window. Harmless on an empty surface.

@@ -112,6 +112,7 @@ TEST(BadRecord, DrawsLessAndNeverLeavesItsLists) {
             EXPECT_EQ(repaired.bytes(), expected.bytes()) << field.name << ", mode " << mode;
         }
     }
+    scene.handBack();
     library().release(view);
 }
 

@@ -4,7 +4,9 @@
 // The library as a host meets it: views, frames and releases through the exported functions.
 #include "abi/library.h"
 #include "abi/wall_scene.h"
+#include "support/captured_output.h"
 #include "support/dib.h"
+#include "support/environment.h"
 #include "support/temp_folder.h"
 
 #include <gtest/gtest.h>
@@ -34,6 +36,7 @@ class View {
 
 class ViewTest : public testing::Test {
   protected:
+    void TearDown() override { scene.handBack(); }
     void draw(const View& view, const Dib& dib) {
         EXPECT_EQ(library().drawInDibSection(view.get(), scene.record(), 1, dib.handle()), 1);
     }
@@ -150,6 +153,21 @@ TEST_F(ViewTest, ViewsComeAndGoAndShareTheOwnWindow) {
         Dib fresh(64 + round, 64);
         draw(view, fresh);
         expectWall(fresh, "new view");
+    }
+}
+
+TEST_F(ViewTest, WhatIsHandedBackLeavesNothingBehind) {
+    const ScopedEnvironment debug("OGL_DEBUG", "1");
+    for (int mode : {kRenderModeDrawing, kRenderModeEdges}) {
+        View view;
+        ASSERT_NE(view.get(), nullptr);
+        scene.setMode(mode);
+        Dib dib(64, 64);
+        draw(view, dib);
+        scene.handBack();
+        CapturedOutput errors(2);
+        view.release();
+        EXPECT_EQ(errors.stop(), "") << mode;
     }
 }
 

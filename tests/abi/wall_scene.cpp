@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "abi/wall_scene.h"
 
+#include "abi/library.h"
+
 namespace ogl::test {
 
 WallScene::WallScene() {
@@ -27,6 +29,11 @@ WallScene::WallScene() {
 
 CACHEENTRY* WallScene::cacheEntry() const {
     return static_cast<CACHEENTRY*>(record()->geometry.view.get()->objectCache.data.get());
+}
+
+void WallScene::handBack() {
+    for (const auto& parked : builder_.librarySlots())
+        library().releasePointer(nullptr, parked.slot, parked.releaseKind);
 }
 
 uint32_t WallScene::foreignAddress() const {

@@ -18,6 +18,8 @@ class WallScene {
 
     SCENE* record() const { return builder_.scene(); }
     CACHEENTRY* cacheEntry() const;
+    /// Hands back what the library parked in the record, as a host does before it ends a view.
+    void handBack();
     /// An address in the scene's own memory, which the library must never free.
     uint32_t foreignAddress() const;
     void setMode(int mode) { builder_.setRenderMode(mode); }

@@ -21,7 +21,10 @@ class WindowTest : public testing::Test {
         context = library().create(window.handle(), 0, folder.hostFile("space.ini").c_str());
         ASSERT_NE(context, nullptr) << readFile(folder.file("ogl.log"));
     }
-    void TearDown() override { library().release(context); }
+    void TearDown() override {
+        scene.handBack();
+        library().release(context);
+    }
     void draw(HWND second = nullptr, HBITMAP capture = nullptr, int drawMain = 1) {
         EXPECT_EQ(library().drawInWindow(context, scene.record(), 1, drawMain, second, capture), 1);
     }
@@ -125,12 +128,13 @@ TEST_F(WindowTest, PacedFramesAreFortyMillisecondsApart) {
         LARGE_INTEGER frequency{}, begin{}, end{};
         QueryPerformanceFrequency(&frequency);
         QueryPerformanceCounter(&begin);
-        constexpr int kFrames = 5;
+        constexpr int kFrames = 6;
         for (int frame = 0; frame < kFrames; ++frame)
             draw();
         QueryPerformanceCounter(&end);
+        // The first of them counts from before the clock was read.
         const double milliseconds = static_cast<double>(end.QuadPart - begin.QuadPart) * 1000.0 /
-                                    static_cast<double>(frequency.QuadPart) / kFrames;
+                                    static_cast<double>(frequency.QuadPart) / (kFrames - 1);
         if (row.paced) {
             EXPECT_GE(milliseconds, 39.0) << row.name;
         } else {
