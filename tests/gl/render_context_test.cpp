@@ -194,8 +194,7 @@ TEST(RenderContext, ASecondSurfaceSharesObjectsAndGoesAlone) {
     const HostWindow second(80, 60);
     GLSurface& surface = view.context.secondary;
     surface.window = second.handle();
-    ASSERT_EQ(createContext(surface, 4, 1, GetDC(second.handle()), view.context.primary.glContext),
-              kContextCreated);
+    ASSERT_EQ(createContext(surface, 4, 1, GetDC(second.handle())), kContextCreated);
     EXPECT_EQ(wglGetCurrentContext(), surface.glContext);
     EXPECT_EQ(surface.isSecondary, 1);
 
