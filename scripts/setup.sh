@@ -38,6 +38,7 @@ test_packages=(
     clang-format
     clang-tidy
     libgtest-dev
+    libxtst-dev
     python3
 )
 bench_packages=(libbenchmark-dev)

@@ -70,6 +70,15 @@ template <class Create> HGLRC createFor(HDC handle, Create create) {
     return nullptr;
 }
 
+void setCurrent(Context* context, DeviceContext* dc, HDC handle) {
+    if (DeviceContext* const before = findDeviceContext(currentDC))
+        before->currentOn = 0;
+    currentContext = context;
+    currentDC = handle;
+    if (dc)
+        dc->currentOn = GetCurrentThreadId();
+}
+
 bool bind(Display* x, GLXDrawable drawable, GLXContext glx) {
     const ErrorScope scope(x);
     return glXMakeContextCurrent(x, drawable, drawable, glx) && !scope.failed();
@@ -124,15 +133,21 @@ DeviceContext* currentDeviceContext() {
     return currentDC ? findDeviceContext(currentDC) : nullptr;
 }
 
-void rebindCurrent() {
-    const DeviceContext* const dc = currentDeviceContext();
+bool renewDrawable(DeviceContext& dc) {
+    const PixelFormat* const format = pixelFormat(dc.format);
+    const bool isMine = dc.currentOn == GetCurrentThreadId() && currentDC == dc.handle;
+    if (!format || (dc.currentOn && !isMine))
+        return false;
     Display* const x = display();
-    if (!x || !dc || !currentContext)
-        return;
-    // Binding what is bound does nothing, so let go first.
-    glXMakeContextCurrent(x, None, None, nullptr);
-    if (!bind(x, dc->drawable, currentContext->glx))
+    if (isMine)
+        glXMakeContextCurrent(x, None, None, nullptr);
+    const ErrorScope scope(x);
+    glXDestroyWindow(x, dc.drawable);
+    dc.drawable = glXCreateWindow(x, format->config, dc.child, nullptr);
+    const bool renewed = !scope.failed();
+    if (isMine && !(renewed && bind(x, dc.drawable, currentContext->glx)))
         wglMakeCurrent(nullptr, nullptr);
+    return renewed;
 }
 
 void unbind(const DeviceContext& dc) {
@@ -171,11 +186,10 @@ BOOL wglMakeCurrent(HDC handle, HGLRC contextHandle) {
     if (!x)
         return FALSE;
     if (!contextHandle) {
-        currentContext = nullptr;
-        currentDC = nullptr;
+        setCurrent(nullptr, nullptr, nullptr);
         return glXMakeContextCurrent(x, None, None, nullptr) ? TRUE : FALSE;
     }
-    const DeviceContext* const dc = findDeviceContext(handle);
+    DeviceContext* const dc = findDeviceContext(handle);
     Context* const context = find(contextHandle);
     if (!dc || !context || !dc->drawable)
         return FALSE;
@@ -183,8 +197,7 @@ BOOL wglMakeCurrent(HDC handle, HGLRC contextHandle) {
         return TRUE;
     if (!bind(x, dc->drawable, context->glx))
         return FALSE;
-    currentContext = context;
-    currentDC = handle;
+    setCurrent(context, dc, handle);
     return TRUE;
 }
 

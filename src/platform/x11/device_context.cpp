@@ -89,8 +89,7 @@ void fitDrawingChild(HWND window) {
     if (scope.failed())
         return;
     dc.childSize = size;
-    if (currentDeviceContext() == &dc)
-        rebindCurrent();
+    renewDrawable(dc);
 }
 
 void forgetDeviceContext(HWND window) {

@@ -21,14 +21,17 @@ struct DeviceContext {
     Window child = None;
     GLXWindow drawable = None;
     Size childSize{0, 0};
+    DWORD currentOn = 0;    // the thread whose drawable it is, 0 for none
     HGDIOBJ font = nullptr; // selected, null for the system font
 };
 
 /// The live record behind a handle; null for anything else.
 DeviceContext* findDeviceContext(HDC dc);
 
-/// Makes the child as large as its window. Where it is the calling thread's drawable, the driver
-/// learns of the new size at once: back buffers of windows that are not on the screen have it too.
+/// Makes the child as large as its window, and gives it a new GLX drawable then: drivers ask for a
+/// drawable's size only now and then (Mesa after a swap), but always for a new one. So the back
+/// buffer, whether the window is on the screen or not, has the window's size when this returns.
+/// Nothing is done to a drawable that is current on another thread but to resize its window.
 void fitDrawingChild(HWND window);
 
 /// The window is going: its record and child go with it.
@@ -36,8 +39,8 @@ void forgetDeviceContext(HWND window);
 
 /// The calling thread's current drawable, null when none.
 DeviceContext* currentDeviceContext();
-/// Binds the current context and drawable anew, so that the driver asks for the drawable's size.
-void rebindCurrent();
+/// Replaces the drawable by a new one of the same window; contexts that are current on it stay so.
+bool renewDrawable(DeviceContext& dc);
 /// Makes no context current when `dc` is the calling thread's drawable.
 void unbind(const DeviceContext& dc);
 

@@ -15,10 +15,15 @@
 namespace ogl::x11 {
 namespace {
 
+struct ErrorState {
+    unsigned count = 0;
+    int scopes = 0;
+};
+
 // Never destroyed: other threads and libraries may still report errors while the process ends.
 struct Connections {
     std::mutex mutex;
-    std::unordered_map<Display*, unsigned> errors;
+    std::unordered_map<Display*, ErrorState> errors;
     XErrorHandler previousHandler = nullptr;
     Display* shared = nullptr;
     std::set<std::string> said;
@@ -35,10 +40,13 @@ int handleError(Display* connection, XErrorEvent* error) {
     {
         const std::lock_guard lock(all.mutex);
         const auto own = all.errors.find(connection);
-        if (own != all.errors.end())
-            ++own->second;
-        else
+        if (own == all.errors.end()) {
             previous = all.previousHandler;
+        } else {
+            ++own->second.count;
+            if (own->second.scopes > 0)
+                return 0;
+        }
     }
     if (previous)
         return previous(connection, error);
@@ -77,7 +85,7 @@ Display* connect(Connections& all) {
     if (!connection)
         return nullptr;
     const std::lock_guard lock(all.mutex);
-    all.errors.emplace(connection, 0u);
+    all.errors.emplace(connection, ErrorState{});
     const XErrorHandler previous = XSetErrorHandler(handleError);
     if (previous != handleError)
         all.previousHandler = previous;
@@ -114,11 +122,23 @@ void closeConnection(Display* connection) {
 static unsigned errorCount(Display* connection) {
     Connections& all = connections();
     const std::lock_guard lock(all.mutex);
-    return all.errors[connection];
+    return all.errors[connection].count;
+}
+
+static void addScopes(Display* connection, int change) {
+    Connections& all = connections();
+    const std::lock_guard lock(all.mutex);
+    all.errors[connection].scopes += change;
 }
 
 ErrorScope::ErrorScope(Display* connection)
-    : connection_(connection), before_(errorCount(connection)) {}
+    : connection_(connection), before_(errorCount(connection)) {
+    addScopes(connection, 1);
+}
+
+ErrorScope::~ErrorScope() {
+    addScopes(connection_, -1);
+}
 
 bool ErrorScope::failed() const {
     XSync(connection_, False);
@@ -129,6 +149,7 @@ bool windowSize(Window window, Size& size) {
     Display* const x = display();
     if (!x || !window)
         return false;
+    const ErrorScope scope(x);
     Window root;
     int left, top;
     unsigned width, height, border, depth;

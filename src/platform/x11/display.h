@@ -20,10 +20,13 @@ Display* openConnection();
 void closeConnection(Display* connection);
 
 /// Counts the X errors of a connection. They never end the process: a host may destroy its window
-/// at any moment. With OGL_DEBUG=1 each is written to standard error.
+/// at any moment. With OGL_DEBUG=1 those outside every scope are written to standard error.
 class ErrorScope {
   public:
     explicit ErrorScope(Display* connection);
+    ~ErrorScope();
+    ErrorScope(const ErrorScope&) = delete;
+    ErrorScope& operator=(const ErrorScope&) = delete;
     /// True when a request of this scope failed. Waits for the server to answer them all.
     bool failed() const;
 
