@@ -124,5 +124,25 @@ TEST(Capabilities, EachMissingOneIsRefusedWithItsEntry) {
     }
 }
 
+TEST(Capabilities, AMissingDisplayIsReportedOnceAndRefused) {
+    if (!test::childrenPassVariablesToDrivers())
+        GTEST_SKIP() << "a Windows program cannot take Wine's display away";
+    const TempFolder folder;
+    writeFile(folder.file("space.ini"), "[OpenGL]\n");
+    const std::string report = "ogl: cannot open an X display: ";
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{}, std::vector<std::string>{folder.path()}}) {
+        const ProcessResult result = runProgram(probePath(), arguments, {{"DISPLAY", ""}});
+        EXPECT_EQ(result.exitCode, 0);
+        EXPECT_NE(result.output.find(arguments.empty() ? "own window 0\n" : "ready 0\n"),
+                  std::string::npos);
+        const size_t first = result.output.find(report);
+        EXPECT_NE(first, std::string::npos) << result.output;
+        EXPECT_EQ(result.output.find(report, first + 1), std::string::npos) << result.output;
+    }
+    EXPECT_EQ(readFile(folder.file("ogl.log")),
+              "[Error]\nKeyboard mouse problem!=\nPrimary GL Context init failed=-2\n\n");
+}
+
 } // namespace
 } // namespace ogl
