@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "render/render_context.h"
 
-#include "gl/host_window.h"
+#include "gl/window_fixture.h"
 #include "ogl/host_records.h"
 #include "platform/bitmap_font.h"
 #include "platform/pixel_format.h"
@@ -20,15 +20,15 @@
 namespace ogl {
 namespace {
 
-using test::HostWindow;
 using test::readFile;
 using test::TempFolder;
+using test::TestWindow;
 using test::writeFile;
 
 /// A view of a host window, its context current.
 struct HostView {
     TempFolder folder;
-    HostWindow window{200, 100};
+    TestWindow window{200, 100};
     RenderContext context{window.handle(), 0u, folder.hostFile("space.ini").c_str()};
     bool ready =
         context.initializeOpenGL() && wglMakeCurrent(context.primary.dc, context.primary.glContext);
@@ -47,7 +47,7 @@ TEST(RenderContext, LogsTheDriverThatItFound) {
         const TempFolder folder;
         writeFile(folder.file("space.ini"),
                   std::string("[OpenGL]\nnumAASamplesDrawing=") + request.setting + "\n");
-        const HostWindow window(64, 48);
+        const TestWindow window(64, 48);
         RenderContext context(window.handle(), 0, folder.hostFile("space.ini").c_str());
         ASSERT_TRUE(context.initializeOpenGL());
         EXPECT_EQ(wglGetCurrentContext(), nullptr);
@@ -110,7 +110,7 @@ TEST(RenderContext, AWindowThatIsGoneIsRefusedWithTheCode) {
     writeFile(folder.file("space.ini"), "[OpenGL]\n");
     HWND gone = nullptr;
     {
-        const HostWindow window(64, 48);
+        const TestWindow window(64, 48);
         gone = window.handle();
     }
     RenderContext context(gone, 0, folder.hostFile("space.ini").c_str());
@@ -152,7 +152,7 @@ TEST(RenderContext, AnEmptyPathReadsTheCurrentFolderAndLogsIntoTheRoot) {
     const TempFolder current;
     const test::ScopedCurrentDirectory scope(current.path());
     writeFile(current.file("space.ini"), "[OpenGL]\nuseFXAA=1\n");
-    const HostWindow window(64, 48);
+    const TestWindow window(64, 48);
     // With options and devices there is nothing to log, so that no file appears in the root.
     const RenderContext context(window.handle(), kCreateInputDevices, "");
     EXPECT_EQ(context.settings.useFXAA, 1);
@@ -163,7 +163,7 @@ TEST(RenderContext, AnEmptyPathReadsTheCurrentFolderAndLogsIntoTheRoot) {
 
 TEST(RenderContext, AFolderThatCannotBeWrittenChangesNothingElse) {
     const TempFolder folder;
-    const HostWindow window(64, 48);
+    const TestWindow window(64, 48);
     RenderContext context(window.handle(), 0, folder.hostFile("nowhere/space.ini").c_str());
     EXPECT_TRUE(context.initializeOpenGL());
     EXPECT_EQ(context.settings.drawingSamples.value, 4.0f);
@@ -172,7 +172,7 @@ TEST(RenderContext, AFolderThatCannotBeWrittenChangesNothingElse) {
 TEST(RenderContext, DevicesAreReadWhenAskedFor) {
     const TempFolder folder;
     writeFile(folder.file("space.ini"), "[OpenGL]\n");
-    const HostWindow window(64, 48);
+    const TestWindow window(64, 48);
     RenderContext context(window.handle(), kCreateInputDevices,
                           folder.hostFile("space.ini").c_str());
     EXPECT_EQ(readFile(folder.file("ogl.log")), "");
@@ -191,7 +191,7 @@ TEST(RenderContext, DevicesAreReadWhenAskedFor) {
 TEST(RenderContext, ASecondSurfaceSharesObjectsAndGoesAlone) {
     HostView view;
     ASSERT_TRUE(view.ready);
-    const HostWindow second(80, 60);
+    const TestWindow second(80, 60);
     GLSurface& surface = view.context.secondary;
     surface.window = second.handle();
     ASSERT_EQ(createContext(surface, 4, 1, GetDC(second.handle())), kContextCreated);
@@ -220,7 +220,7 @@ TEST(RenderContext, ASecondSurfaceSharesObjectsAndGoesAlone) {
 
 TEST(RenderContext, AWindowKeepsItsPixelFormatForLaterViews) {
     const TempFolder folder;
-    const HostWindow window(64, 48);
+    const TestWindow window(64, 48);
     int samples = 0;
     for (const char* setting : {"4", "1", "16"}) {
         SCOPED_TRACE(setting);
