@@ -58,9 +58,9 @@ HBITMAP CreateDIBSection(HDC, const BITMAPINFO* info, UINT usage, void** bits, H
     }
     const BITMAPINFOHEADER& header = info->bmiHeader;
     const int64_t stride = (int64_t{header.biWidth} * header.biBitCount + 31) / 32 * 4;
-    const int64_t bytes = stride * header.biHeight;
-    if (stride > INT32_MAX || bytes > INT32_MAX)
+    if (stride > INT32_MAX / header.biHeight)
         return nullptr;
+    const int64_t bytes = stride * header.biHeight;
     void* const pixels = std::calloc(static_cast<size_t>(bytes), 1);
     if (!pixels)
         return nullptr;
