@@ -36,5 +36,6 @@ int main() {
     std::fwrite(fileHeader, sizeof fileHeader, 1, file);
     std::fwrite(&header, sizeof header, 1, file);
     std::fwrite(pixels, header.biSizeImage, 1, file);
+    DeleteObject(bitmap);
     return std::fclose(file);
 }

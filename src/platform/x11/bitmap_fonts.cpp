@@ -22,7 +22,9 @@ struct FaceFile {
 
 FaceFile findFace(const FontDescription& font) {
     FaceFile found;
-    FcPattern* const wanted = FcPatternCreate();
+    // A configuration of our own: the shared one is never freed.
+    FcConfig* const config = FcInitLoadConfigAndFonts();
+    FcPattern* const wanted = config ? FcPatternCreate() : nullptr;
     if (!wanted)
         return found;
     if (!font.face.empty())
@@ -30,10 +32,10 @@ FaceFile findFace(const FontDescription& font) {
     FcPatternAddInteger(wanted, FC_WEIGHT, FcWeightFromOpenType(font.weight));
     FcPatternAddInteger(wanted, FC_SLANT, font.italic ? FC_SLANT_ITALIC : FC_SLANT_ROMAN);
     FcPatternAddBool(wanted, FC_SCALABLE, FcTrue);
-    FcConfigSubstitute(nullptr, wanted, FcMatchPattern);
+    FcConfigSubstitute(config, wanted, FcMatchPattern);
     FcDefaultSubstitute(wanted);
     FcResult result;
-    FcPattern* const match = FcFontMatch(nullptr, wanted, &result);
+    FcPattern* const match = FcFontMatch(config, wanted, &result);
     FcChar8* path = nullptr;
     if (match && FcPatternGetString(match, FC_FILE, 0, &path) == FcResultMatch) {
         found.path = reinterpret_cast<const char*>(path);
@@ -42,6 +44,7 @@ FaceFile findFace(const FontDescription& font) {
     if (match)
         FcPatternDestroy(match);
     FcPatternDestroy(wanted);
+    FcConfigDestroy(config);
     return found;
 }
 
