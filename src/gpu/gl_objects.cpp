@@ -35,18 +35,38 @@ int& liveCount(GLKind kind) {
 
 unsigned createName(GLKind kind) {
     unsigned name = kNoName;
-    if (kind == GLKind::Buffer)
+    switch (kind) {
+    case GLKind::Buffer:
         glGenBuffers(1, &name);
-    else
+        break;
+    case GLKind::Texture:
         glGenTextures(1, &name);
+        break;
+    case GLKind::Renderbuffer:
+        glGenRenderbuffers(1, &name);
+        break;
+    case GLKind::Framebuffer:
+        glGenFramebuffers(1, &name);
+        break;
+    }
     return name;
 }
 
 void deleteName(ReleasedName object) {
-    if (object.kind == GLKind::Buffer)
+    switch (object.kind) {
+    case GLKind::Buffer:
         glDeleteBuffers(1, &object.name);
-    else
+        break;
+    case GLKind::Texture:
         glDeleteTextures(1, &object.name);
+        break;
+    case GLKind::Renderbuffer:
+        glDeleteRenderbuffers(1, &object.name);
+        break;
+    case GLKind::Framebuffer:
+        glDeleteFramebuffers(1, &object.name);
+        break;
+    }
 }
 
 } // namespace
@@ -73,6 +93,8 @@ template <GLKind kind> void GLObject<kind>::reset() {
 
 template class GLObject<GLKind::Buffer>;
 template class GLObject<GLKind::Texture>;
+template class GLObject<GLKind::Renderbuffer>;
+template class GLObject<GLKind::Framebuffer>;
 
 void deleteReleasedObjects() {
     for (const ReleasedName object : registry().released)
@@ -87,10 +109,11 @@ int liveObjects(GLKind kind) {
 void reportLiveObjects() {
     if (!debugRequested())
         return;
-    const int buffers = liveObjects(GLKind::Buffer);
-    const int textures = liveObjects(GLKind::Texture);
-    if (buffers != 0 || textures != 0)
-        std::fprintf(stderr, "ogl: %d buffers and %d textures are left\n", buffers, textures);
+    constexpr const char* kNames[kGLKindCount] = {"buffers", "textures", "renderbuffers",
+                                                  "framebuffers"};
+    for (int kind = 0; kind < kGLKindCount; ++kind)
+        if (registry().live[kind] != 0)
+            std::fprintf(stderr, "ogl: left over: %d %s\n", registry().live[kind], kNames[kind]);
 }
 
 void viewOpened() {

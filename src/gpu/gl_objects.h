@@ -12,8 +12,8 @@ namespace ogl {
 /// Name of a GL object that is not created yet.
 inline constexpr unsigned kNoName = 0xffffffffu;
 
-enum class GLKind : int { Buffer, Texture };
-inline constexpr int kGLKindCount = 2;
+enum class GLKind : int { Buffer, Texture, Renderbuffer, Framebuffer };
+inline constexpr int kGLKindCount = 4;
 
 /// Owner of one GL object name. A host may hand batches back while no context is current, or after
 /// the view that they were made in is gone; so a name whose context is not current waits until
@@ -48,8 +48,12 @@ template <GLKind kind> class GLObject {
 
 extern template class GLObject<GLKind::Buffer>;
 extern template class GLObject<GLKind::Texture>;
+extern template class GLObject<GLKind::Renderbuffer>;
+extern template class GLObject<GLKind::Framebuffer>;
 using GLBuffer = GLObject<GLKind::Buffer>;
 using GLTexture = GLObject<GLKind::Texture>;
+using GLRenderbuffer = GLObject<GLKind::Renderbuffer>;
+using GLFramebuffer = GLObject<GLKind::Framebuffer>;
 
 /// Deletes the objects that were released while no context was current. Called as a frame starts.
 void deleteReleasedObjects();

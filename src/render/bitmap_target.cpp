@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "render/bitmap_target.h"
 
+#include "gpu/frame_read.h"
+
 #include <algorithm>
 
 namespace ogl {
@@ -26,8 +28,7 @@ void readFrame(const BitmapTarget& target, int viewWidth, int viewHeight) {
         return;
     glPixelStorei(GL_PACK_ALIGNMENT, 4);
     glPixelStorei(GL_PACK_ROW_LENGTH, target.width);
-    glReadPixels(0, 0, width, height, target.bitsPerPixel == 24 ? GL_BGR : GL_BGRA,
-                 GL_UNSIGNED_BYTE, target.pixels);
+    readPixels(width, height, target.bitsPerPixel == 24 ? GL_BGR : GL_BGRA, target.pixels);
     glPixelStorei(GL_PACK_ROW_LENGTH, 0);
 }
 

@@ -48,10 +48,13 @@ void combineAlphaOnly() {
     glTexEnvi(GL_TEXTURE_ENV, GL_SOURCE0_ALPHA, GL_TEXTURE);
 }
 
+/// Alpha maps are grey: their brightness is the alpha.
 void bindAlphaMap(const TextureImage& image, float anisotropy) {
     bindTexture(1, TextureKind::Repeating, image.texture.name(), GL_LINEAR, anisotropy);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
+    if (GLEW_ARB_texture_swizzle)
+        glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_SWIZZLE_A, GL_RED);
     combineAlphaOnly();
 }
 

@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#include "gpu/frame_read.h"
+
+#include "gpu/gl_objects.h"
+
+namespace ogl {
+
+namespace {
+
+bool isMultisampledWindow() {
+    GLint framebuffer = 0;
+    GLint sampleBuffers = 0;
+    glGetIntegerv(GL_READ_FRAMEBUFFER_BINDING, &framebuffer);
+    glGetIntegerv(GL_SAMPLE_BUFFERS, &sampleBuffers);
+    return framebuffer == 0 && sampleBuffers > 0;
+}
+
+/// A resolving copy needs the window's own format.
+unsigned windowFormat() {
+    GLint alphaBits = 0;
+    glGetIntegerv(GL_ALPHA_BITS, &alphaBits);
+    return alphaBits > 0 ? GL_RGBA8 : GL_RGB8;
+}
+
+/// A single-sample copy of the window's picture, bound for reading until it goes.
+class ResolvedFrame {
+  public:
+    ResolvedFrame(int width, int height) {
+        const unsigned format = windowFormat();
+        glGetIntegerv(GL_DRAW_FRAMEBUFFER_BINDING, &drawBinding_);
+        color_.create();
+        framebuffer_.create();
+        glBindRenderbuffer(GL_RENDERBUFFER, color_.name());
+        glRenderbufferStorage(GL_RENDERBUFFER, format, width, height);
+        glBindFramebuffer(GL_DRAW_FRAMEBUFFER, framebuffer_.name());
+        glFramebufferRenderbuffer(GL_DRAW_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_RENDERBUFFER,
+                                  color_.name());
+        glBlitFramebuffer(0, 0, width, height, 0, 0, width, height, GL_COLOR_BUFFER_BIT,
+                          GL_NEAREST);
+        glBindFramebuffer(GL_READ_FRAMEBUFFER, framebuffer_.name());
+    }
+    ~ResolvedFrame() {
+        glBindRenderbuffer(GL_RENDERBUFFER, 0);
+        glBindFramebuffer(GL_READ_FRAMEBUFFER, 0);
+        glBindFramebuffer(GL_DRAW_FRAMEBUFFER, static_cast<unsigned>(drawBinding_));
+    }
+    ResolvedFrame(const ResolvedFrame&) = delete;
+    ResolvedFrame& operator=(const ResolvedFrame&) = delete;
+
+  private:
+    GLRenderbuffer color_;
+    GLFramebuffer framebuffer_;
+    GLint drawBinding_ = 0;
+};
+
+} // namespace
+
+void readPixels(int width, int height, unsigned format, void* pixels) {
+    if (!isMultisampledWindow()) {
+        glReadPixels(0, 0, width, height, format, GL_UNSIGNED_BYTE, pixels);
+        return;
+    }
+    // Mesa's llvmpipe (22.3) reads one sample of each pixel from a window; a copy averages them.
+    const ResolvedFrame resolved(width, height);
+    glReadPixels(0, 0, width, height, format, GL_UNSIGNED_BYTE, pixels);
+}
+
+} // namespace ogl
