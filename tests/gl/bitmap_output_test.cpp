@@ -1,0 +1,109 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#include "fixed/edge_renderer.h"
+#include "fixed/fixed_renderer.h"
+#include "gl/gl_fixture.h"
+#include "render/bitmap_target.h"
+
+namespace ogl {
+namespace {
+
+using test::Bitmap;
+using test::isNear;
+using test::Picture;
+using test::plainMaterial;
+using test::plate;
+
+constexpr test::Pixel kUntouched{0x77, 0x77, 0x77};
+
+/// A scene without any symmetry, so that a mirrored or shifted picture differs.
+class BitmapOutputTest : public test::GLTest {
+  protected:
+    void SetUp() override {
+        GLTest::SetUp();
+        scene_->addMaterial(plainMaterial());
+        scene_->addObject();
+        scene_->addFace(plate(-8, -7, 5, 2));
+        scene_->commit();
+        scene_->scene().drawingOptions = kOptionBackgroundColor;
+        scene_->scene().drawingBackgroundColor = 0xc08040;
+    }
+    static void expectSame(const Bitmap& bitmap, const Picture& picture, int width, int height,
+                           const char* name) {
+        for (int y = 0; y < height; ++y)
+            for (int x = 0; x < width; ++x)
+                ASSERT_TRUE(isNear(bitmap.at(x, y), picture.at(x, y), 0))
+                    << name << " at " << x << ", " << y;
+    }
+};
+
+TEST_F(BitmapOutputTest, FillsBitmapsOfTheViewsSize) {
+    for (const bool edgesOnly : {false, true})
+        for (const int bits : {24, 32}) {
+            if (edgesOnly)
+                select<EdgeRenderer>();
+            else
+                select<FixedRenderer>();
+            const Picture picture = drawFrame();
+            Bitmap bitmap(kViewSize, kViewSize, bits);
+            EXPECT_EQ(renderer_->drawToBitmap(bitmap.handle()), 1);
+            expectSame(bitmap, picture, kViewSize, kViewSize, bits == 24 ? "24 bits" : "32 bits");
+        }
+}
+
+TEST_F(BitmapOutputTest, PadsRowsToFourBytes) {
+    select<FixedRenderer>();
+    constexpr int kOddWidth = 199;
+    renderer_->setSize(kOddWidth, kViewSize);
+    renderer_->setupCamera(scene_->scene());
+    Bitmap bitmap(kOddWidth, kViewSize, 24);
+    renderer_->drawToBitmap(bitmap.handle());
+    expectSame(bitmap, Picture::read(kOddWidth, kViewSize), kOddWidth, kViewSize, "odd width");
+}
+
+TEST_F(BitmapOutputTest, LeavesBitmapsOfAnotherSizeUntouchedAndSaysSo) {
+    select<FixedRenderer>();
+    drawFrame();
+    Bitmap bitmap(kViewSize + 1, kViewSize, 24);
+    EXPECT_EQ(renderer_->drawToBitmap(bitmap.handle()), 1);
+    EXPECT_TRUE(bitmap.isUntouched());
+    EXPECT_NE(test::readFile(folder_.file("ogl.log")).find("Bitmap size differs from the view"),
+              std::string::npos);
+}
+
+TEST_F(BitmapOutputTest, ClipsCapturesToTheBitmap) {
+    select<FixedRenderer>();
+    const Picture picture = drawFrame();
+    const struct {
+        const char* name;
+        int width, height, bits;
+    } rows[] = {
+        {"same size", kViewSize, kViewSize, 24}, {"smaller", 101, 57, 24},
+        {"smaller, 32 bits", 101, 57, 32},       {"wider", 333, 50, 24},
+        {"higher, 32 bits", 50, 333, 32},
+    };
+    for (const auto& row : rows) {
+        Bitmap bitmap(row.width, row.height, row.bits);
+        renderer_->copyToBitmap(bitmap.handle());
+        const int width = std::min(row.width, kViewSize);
+        const int height = std::min(row.height, kViewSize);
+        expectSame(bitmap, picture, width, height, row.name);
+        if (row.width > kViewSize) {
+            EXPECT_TRUE(isNear(bitmap.at(kViewSize, 10), kUntouched, 0)) << row.name;
+        }
+        if (row.height > kViewSize) {
+            EXPECT_TRUE(isNear(bitmap.at(10, kViewSize), kUntouched, 0)) << row.name;
+        }
+    }
+}
+
+TEST_F(BitmapOutputTest, TakesNoOtherHandles) {
+    select<FixedRenderer>();
+    drawFrame();
+    EXPECT_FALSE(bitmapTarget(nullptr).isValid());
+    EXPECT_EQ(renderer_->drawToBitmap(nullptr), 1);
+    renderer_->copyToBitmap(nullptr);
+}
+
+} // namespace
+} // namespace ogl
