@@ -118,8 +118,8 @@ class LineGraph {
     };
 
     std::span<const End> edgesAt(uint32_t point) const {
-        const auto range = std::ranges::equal_range(ends_, point, {}, &End::point);
-        return {range.begin(), range.end()};
+        const auto first = std::ranges::lower_bound(ends_, point, {}, &End::point);
+        return {first, std::ranges::upper_bound(first, ends_.end(), point, {}, &End::point)};
     }
     uint32_t unusedAt(uint32_t point) const {
         for (const End& end : edgesAt(point))
@@ -147,8 +147,8 @@ void startAtCorner(Chain& chain, const std::vector<Vec3>& points) {
     const auto furthest = std::ranges::max_element(
         chain.points, {}, [&](uint32_t p) { return length(points[p] - first); });
     const auto steps = furthest - chain.points.begin();
-    std::ranges::rotate(chain.points, furthest);
-    std::ranges::rotate(chain.visible, chain.visible.begin() + steps);
+    std::rotate(chain.points.begin(), furthest, chain.points.end());
+    std::rotate(chain.visible.begin(), chain.visible.begin() + steps, chain.visible.end());
 }
 
 std::vector<GridPoint> gridLoop(std::span<const uint32_t> numbers, const SoupMesh& mesh) {
