@@ -12,7 +12,10 @@ namespace {
 constexpr uint32_t kNoPatch = UINT32_MAX;
 constexpr double kSameDirection = 0.99996; // cosine of half a degree
 constexpr double kSameSense = 0.7;         // thin triangles have inexact normals
-constexpr double kPatchThickness = 5.0;    // weld distances, for triangles of the same direction
+// How far a triangle may leave the patch's plane, in weld distances: one of the same direction, and
+// one whose direction differs because it is thin.
+constexpr double kPatchThickness = 5.0;
+constexpr double kThinTriangleOff = 0.3;
 
 class PatchGrower {
   public:
@@ -58,7 +61,7 @@ class PatchGrower {
         double off = 0.0;
         for (const uint32_t corner : triangle.corners)
             off = std::max(off, std::fabs(dot(mesh_.points[corner] - origin, normal)));
-        return off <= (bend > kSameDirection ? kPatchThickness : 1.0) * weldDistance_;
+        return off <= (bend > kSameDirection ? kPatchThickness : kThinTriangleOff) * weldDistance_;
     }
 
     const SoupMesh& mesh_;

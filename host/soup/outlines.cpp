@@ -26,7 +26,6 @@ class BorderWalk {
         for (;;) {
             used_[edge] = true;
             chain.points.push_back(edges_[edge].from);
-            chain.visible.push_back(edges_[edge].visible);
             const uint32_t end = edges_[edge].to;
             if (end == start) {
                 chain.closed = true;
@@ -98,7 +97,6 @@ class LineGraph {
         uint32_t point = start;
         while (edge != kNoEdge) {
             used_[edge] = true;
-            chain.visible.push_back(true);
             point = edges_[edge].from == point ? edges_[edge].to : edges_[edge].from;
             if (point == start) {
                 chain.closed = chain.points.size() > 2;
@@ -118,8 +116,8 @@ class LineGraph {
     };
 
     std::span<const End> edgesAt(uint32_t point) const {
-        const auto first = std::ranges::lower_bound(ends_, point, {}, &End::point);
-        return {first, std::ranges::upper_bound(first, ends_.end(), point, {}, &End::point)};
+        const auto range = std::ranges::equal_range(ends_, point, {}, &End::point);
+        return {range.begin(), range.end()};
     }
     uint32_t unusedAt(uint32_t point) const {
         for (const End& end : edgesAt(point))
@@ -146,9 +144,7 @@ void startAtCorner(Chain& chain, const std::vector<Vec3>& points) {
     const Vec3 first = points[chain.points[0]];
     const auto furthest = std::ranges::max_element(
         chain.points, {}, [&](uint32_t p) { return length(points[p] - first); });
-    const auto steps = furthest - chain.points.begin();
-    std::rotate(chain.points.begin(), furthest, chain.points.end());
-    std::rotate(chain.visible.begin(), chain.visible.begin() + steps, chain.visible.end());
+    std::ranges::rotate(chain.points, furthest);
 }
 
 std::vector<GridPoint> gridLoop(std::span<const uint32_t> numbers, const SoupMesh& mesh) {
@@ -166,36 +162,6 @@ double signedArea(const Chain& chain, const SoupMesh& mesh, Vec3 normal) {
         sum = sum + cross(mesh.points[chain.points[i]] - origin,
                           mesh.points[chain.points[i + 1]] - origin);
     return dot(sum, normal);
-}
-
-bool allVisible(const Chain& chain) {
-    return std::ranges::all_of(chain.visible, [](uint8_t v) { return v != 0; });
-}
-
-/// The visible runs of a chain as open polylines.
-void addVisibleRuns(const Chain& chain, const SoupMesh& mesh, std::vector<NewLoop>& loops) {
-    const size_t count = chain.points.size();
-    const size_t edges = chain.visible.size();
-    // A closed chain is read from behind an invisible edge, so that no run is cut at its start.
-    size_t start = 0;
-    if (chain.closed)
-        while (start < edges && chain.visible[start])
-            ++start;
-    NewLoop run{{}, false, false};
-    for (size_t i = 0; i < edges; ++i) {
-        const size_t edge = chain.closed ? (start + i) % edges : i;
-        if (!chain.visible[edge]) {
-            if (!run.points.empty())
-                loops.push_back(std::move(run));
-            run = NewLoop{{}, false, false};
-            continue;
-        }
-        if (run.points.empty())
-            run.points.push_back(mesh.gridPoints[chain.points[edge]]);
-        run.points.push_back(mesh.gridPoints[chain.points[(edge + 1) % count]]);
-    }
-    if (!run.points.empty())
-        loops.push_back(std::move(run));
 }
 
 } // namespace
@@ -235,21 +201,18 @@ void straighten(Chain& chain, const std::vector<Vec3>& points, double tolerance)
     Chain kept;
     kept.closed = chain.closed;
     kept.points.push_back(chain.points[0]);
-    kept.visible.push_back(chain.visible[0]);
     size_t anchor = 0;
     const size_t last = chain.closed ? count : count - 1;
     for (size_t i = 1; i < last; ++i) {
         const Vec3 from = points[chain.points[anchor]];
         const Vec3 to = points[chain.points[(i + 1) % count]];
-        bool straight =
-            chain.visible[i] == chain.visible[i - 1] && count - (i - kept.points.size()) > least;
+        bool straight = count - (i - kept.points.size()) > least;
         const size_t step = (i - anchor - 1) / kProbes + 1;
         for (size_t k = i; straight && k > anchor; k -= std::min(step, k - anchor))
             straight = distanceToLine(points[chain.points[k]], from, to) <= tolerance;
         if (straight)
             continue;
         kept.points.push_back(chain.points[i]);
-        kept.visible.push_back(chain.visible[i]);
         anchor = i;
     }
     if (!chain.closed)
@@ -271,13 +234,10 @@ std::vector<NewLoop> faceLoops(const std::vector<Chain>& chains, const SoupMesh&
         }
     }
     if (outer != nullptr)
-        loops[0] = {gridLoop(outer->points, mesh), true, !allVisible(*outer)};
-    for (const Chain& chain : chains) {
-        if (!chain.closed || !allVisible(chain))
-            addVisibleRuns(chain, mesh, loops);
-        else if (&chain != outer)
-            loops.push_back({gridLoop(chain.points, mesh), true, false});
-    }
+        loops[0].points = gridLoop(outer->points, mesh);
+    for (const Chain& chain : chains)
+        if (&chain != outer)
+            loops.push_back({gridLoop(chain.points, mesh), chain.closed, false});
     return loops;
 }
 

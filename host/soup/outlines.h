@@ -14,14 +14,11 @@ namespace ogl::host {
 struct OutlineEdge {
     uint32_t from;
     uint32_t to;
-    bool visible;
 };
 
-/// Points in a row. `visible[i]` is that of the edge from point i to the next one; a closed chain
-/// has as many edges as points, an open one has one less.
+/// Points in a row.
 struct Chain {
     std::vector<uint32_t> points;
-    std::vector<uint8_t> visible;
     bool closed = false;
 };
 
@@ -36,9 +33,7 @@ std::vector<Chain> chainLines(std::span<const OutlineEdge> edges);
 /// Drops points that lie within `tolerance` on the straight line between their neighbours.
 void straighten(Chain& chain, const std::vector<Vec3>& points, double tolerance);
 
-/// The loops of a flat face: the outer outline first. An outline with invisible edges is written
-/// as open polylines of its visible ones; as the first loop of a face is always read as closed, the
-/// outer outline then also comes first as a hidden loop.
+/// The loops of a flat face: the outer outline first, then its holes.
 std::vector<NewLoop> faceLoops(const std::vector<Chain>& chains, const SoupMesh& mesh, Vec3 normal);
 
 /// The loops of a face that carries one chain of lines for a curved surface.

@@ -43,7 +43,8 @@ class FaceMaker {
               const SoupOptions& options, const SoupMesh& mesh, SoupReport& report)
         : store_(store), grid_(grid), soup_(soup), options_(options), mesh_(mesh), report_(report),
           edges_(makeHalfEdges(mesh, options.weldDistance)),
-          surfaces_(findSurfaces(mesh, edges_, soup, options)) {}
+          surfaces_(findSurfaces(mesh, edges_, soup, options)),
+          borders_(surfaces_.patchNormal.size(), borderPatches(edges_, surfaces_.patch)) {}
 
     void makeAll() {
         makeFlatFaces();
@@ -83,7 +84,6 @@ class FaceMaker {
             if (surfaces_.curved[t])
                 patchOf[t] = kNoGroup;
         const Groups triangles(patchCount, patchOf);
-        const Groups borders(patchCount, borderPatches(patchOf));
         for (size_t patch = 0; patch < patchCount; ++patch) {
             if (triangles[patch].empty())
                 continue;
@@ -91,7 +91,7 @@ class FaceMaker {
             face.outward = meanNormal(triangles[patch]);
             // The back of a sheet has the outline of its front.
             if (options_.edges == EdgeLook::Visible && !mesh_.triangles[triangles[patch][0]].back)
-                face.loops = loopsOf(borders[patch], face.outward);
+                face.loops = loopsOf(borders_[patch], face.outward);
             store_.add(face, grid_);
             ++report_.planarFaces;
         }
@@ -104,13 +104,14 @@ class FaceMaker {
         return normalized(sum);
     }
 
-    /// Per half-edge the flat patch whose border it is.
-    std::vector<uint32_t> borderPatches(const std::vector<uint32_t>& patchOf) const {
-        std::vector<uint32_t> result(edges_.size(), kNoGroup);
-        for (size_t h = 0; h < edges_.size(); ++h) {
-            const uint32_t patch = patchOf[edges_[h].triangle];
-            const uint32_t mate = edges_[h].mate;
-            if (patch != kNoGroup && (mate == kNoMate || patchOf[edges_[mate].triangle] != patch))
+    /// Per half-edge the patch whose border it is.
+    static std::vector<uint32_t> borderPatches(const std::vector<HalfEdge>& edges,
+                                               const std::vector<uint32_t>& patchOf) {
+        std::vector<uint32_t> result(edges.size(), kNoGroup);
+        for (size_t h = 0; h < edges.size(); ++h) {
+            const uint32_t patch = patchOf[edges[h].triangle];
+            const uint32_t mate = edges[h].mate;
+            if (mate == kNoMate || patchOf[edges[mate].triangle] != patch)
                 result[h] = patch;
         }
         return result;
@@ -120,7 +121,7 @@ class FaceMaker {
         std::vector<OutlineEdge> outline;
         outline.reserve(border.size());
         for (const uint32_t h : border)
-            outline.push_back({edges_[h].from, edges_[h].to, surfaces_.soft[h] == 0});
+            outline.push_back({edges_[h].from, edges_[h].to});
         std::vector<Chain> chains = traceOutline(mesh_.points, std::move(outline), normal);
         for (Chain& chain : chains)
             straighten(chain, mesh_.points, options_.weldDistance);
@@ -151,7 +152,35 @@ class FaceMaker {
                 makeCurvedFace(triangles[piece], open[piece]);
     }
 
+    /// One face for what is bent and one for each flat part. Drawings show the silhouettes of all
+    /// of them; the edge drawing, which has none, gets the outlines of the flat parts.
     void makeCurvedFace(std::span<const uint32_t> triangles, bool open) {
+        std::vector<uint32_t> bent;
+        std::vector<std::pair<uint32_t, uint32_t>> flat; // patch, triangle
+        for (const uint32_t t : triangles) {
+            if (surfaces_.flatPart[t])
+                flat.emplace_back(surfaces_.patch[t], t);
+            else
+                bent.push_back(t);
+        }
+        if (!bent.empty())
+            addCurvedFace(bent, {}, open);
+        std::ranges::sort(flat);
+        for (size_t begin = 0; begin < flat.size();) {
+            const uint32_t patch = flat[begin].first;
+            std::vector<uint32_t> part;
+            for (; begin < flat.size() && flat[begin].first == patch; ++begin)
+                part.push_back(flat[begin].second);
+            const bool outlined =
+                options_.edges == EdgeLook::Visible && !mesh_.triangles[part[0]].back;
+            addCurvedFace(part,
+                          outlined ? loopsOf(borders_[patch], surfaces_.patchNormal[patch])
+                                   : std::vector<NewLoop>{},
+                          open);
+        }
+    }
+
+    void addCurvedFace(std::span<const uint32_t> triangles, std::vector<NewLoop> loops, bool open) {
         NewFace face = faceOf(triangles);
         face.outward = meanNormal(triangles);
         if (length(face.outward) == 0.0)
@@ -162,6 +191,7 @@ class FaceMaker {
                 const Vec3 n = surfaces_.cornerNormals[t * size_t{3} + i];
                 face.normals.push_back(length(n) > 0.0 ? n : mesh_.normals[t]);
             }
+        face.loops = std::move(loops);
         store_.add(face, grid_);
         ++report_.curvedFaces;
         if (open) {
@@ -173,6 +203,7 @@ class FaceMaker {
     }
 
     static void turnOver(NewFace& face) {
+        face.loops.clear();
         face.outward = -face.outward;
         for (size_t i = 0; i + 2 < face.corners.size(); i += 3) {
             std::swap(face.corners[i + 1], face.corners[i + 2]);
@@ -198,7 +229,7 @@ class FaceMaker {
                 if (surfaces_.curved[u] ? edge.mate < h : !mesh_.triangles[u].back)
                     continue;
             }
-            lines.push_back({edge.from, edge.to, true});
+            lines.push_back({edge.from, edge.to});
             triangleAt[edge.from] = triangleAt[edge.to] = edge.triangle;
         }
         for (Chain& chain : chainLines(lines)) {
@@ -222,6 +253,7 @@ class FaceMaker {
     SoupReport& report_;
     std::vector<HalfEdge> edges_;
     Surfaces surfaces_;
+    Groups borders_; ///< per patch its border's half-edges
 };
 
 } // namespace

@@ -22,8 +22,11 @@ double angleCosine(double degrees) {
 // away than kWildDegrees to a box that was exported with averaged normals.
 constexpr double kFlatDegrees = 1.5;
 constexpr double kWildDegrees = 50.0;
-// Vertex normals of neighbours that differ by less are the same.
+// Vertex normals of neighbours that differ by less belong to one smooth surface.
 constexpr double kAgreeingDegrees = 4.0;
+// A bend of this size with vertex normals that are the same on both sides was meant to be smooth.
+constexpr double kLeastBendDegrees = 0.1;
+constexpr double kSameDegrees = 0.05;
 
 uint32_t cornerOf(const SoupTriangle& triangle, uint32_t point) {
     for (uint32_t i = 0; i < 3; ++i)
@@ -38,6 +41,7 @@ class SurfaceFinder {
                   const TriangleSoup& soup, const SoupOptions& options)
         : mesh_(mesh), edges_(edges), soup_(soup), options_(options) {
         result_.curved.assign(mesh.triangles.size(), 0);
+        result_.flatPart.assign(mesh.triangles.size(), 0);
         result_.soft.assign(edges.size(), 0);
         result_.cornerNormals.resize(mesh.triangles.size() * 3);
     }
@@ -48,7 +52,9 @@ class SurfaceFinder {
             takeGivenNormals();
         growFlatPatches(mesh_, edges_, options_.weldDistance, result_);
         if (given) {
+            markFineCurves();
             markSoftByNormals();
+            takeInTangentPatches();
         } else {
             markCurvedChains();
             averageNormals();
@@ -70,19 +76,50 @@ class SurfaceFinder {
         return normalized(triangle.back ? -n : n);
     }
 
+    /// Cosine of the largest angle between a triangle's normal and those of its corners.
+    double leastDot(size_t t) const {
+        double least = 1.0;
+        for (size_t i = 0; i < 3; ++i)
+            least = std::min(least, dot(result_.cornerNormals[t * 3 + i], mesh_.normals[t]));
+        return least;
+    }
+
     void takeGivenNormals() {
         const double flat = angleCosine(kFlatDegrees);
         const double wild = angleCosine(kWildDegrees);
         for (size_t t = 0; t < mesh_.triangles.size(); ++t) {
-            double least = 1.0;
-            for (size_t i = 0; i < 3; ++i) {
+            for (size_t i = 0; i < 3; ++i)
                 result_.cornerNormals[t * 3 + i] = givenNormal(t, i);
-                least = std::min(least, dot(result_.cornerNormals[t * 3 + i], mesh_.normals[t]));
-            }
+            const double least = leastDot(t);
             result_.curved[t] = least < flat && least > wild;
+        }
+    }
+
+    /// The triangles of a finely divided curve are too flat to tell one by one; there, flat patches
+    /// meet at a bend over which the vertex normals stay the same.
+    void markFineCurves() {
+        const double same = angleCosine(kSameDegrees);
+        const double bend = angleCosine(kLeastBendDegrees);
+        std::vector<uint8_t> fine(result_.patchNormal.size(), 0);
+        for (const HalfEdge& edge : edges_) {
+            if (edge.mate == kNoMate)
+                continue;
+            const uint32_t t = edge.triangle;
+            const uint32_t u = edges_[edge.mate].triangle;
+            const uint32_t p = result_.patch[t];
+            const uint32_t q = result_.patch[u];
+            if (p != q && !result_.curved[t] && !result_.curved[u] && oneMaterial(t, u) &&
+                dot(mesh_.normals[t], mesh_.normals[u]) < bend && agree(t, u, edge.from, same) &&
+                agree(t, u, edge.to, same))
+                fine[p] = fine[q] = 1;
+        }
+        const double wild = angleCosine(kWildDegrees);
+        for (uint32_t t = 0; t < mesh_.triangles.size(); ++t) {
+            if (fine[result_.patch[t]] && result_.curved[t] == 0)
+                result_.curved[t] = leastDot(t) > wild;
             if (!result_.curved[t])
                 for (size_t i = 0; i < 3; ++i)
-                    result_.cornerNormals[t * 3 + i] = mesh_.normals[t];
+                    result_.cornerNormals[t * size_t{3} + i] = mesh_.normals[t];
         }
     }
 
@@ -105,6 +142,21 @@ class SurfaceFinder {
                               ((result_.curved[t] || result_.curved[u]) &&
                                agree(t, u, edge.from, agreeing) && agree(t, u, edge.to, agreeing));
         }
+    }
+
+    /// A flat part that a curved one runs into without an edge belongs to the curved surface: the
+    /// silhouette may lie on the line between them.
+    void takeInTangentPatches() {
+        std::vector<uint8_t> tangent(result_.patchNormal.size(), 0);
+        for (size_t h = 0; h < edges_.size(); ++h) {
+            const uint32_t t = edges_[h].triangle;
+            if (result_.soft[h] && !result_.curved[t] &&
+                result_.curved[edges_[edges_[h].mate].triangle])
+                tangent[result_.patch[t]] = 1;
+        }
+        for (size_t t = 0; t < mesh_.triangles.size(); ++t)
+            if (tangent[result_.patch[t]])
+                result_.curved[t] = result_.flatPart[t] = 1;
     }
 
     bool agree(uint32_t t, uint32_t u, uint32_t point, double agreeing) const {

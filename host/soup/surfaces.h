@@ -28,6 +28,7 @@ struct Surfaces {
     std::vector<uint32_t> patch;     ///< per triangle: its flat patch of coplanar neighbours
     std::vector<Vec3> patchNormal;   ///< per patch, of its largest triangle
     std::vector<uint8_t> curved;     ///< per triangle: part of a curved surface
+    std::vector<uint8_t> flatPart;   ///< per triangle: a flat part of a curved surface
     std::vector<uint8_t> soft;       ///< per half-edge: the surface goes on smoothly beyond it
     std::vector<Vec3> cornerNormals; ///< three per triangle; those of flat triangles are unused
 };

@@ -185,6 +185,29 @@ TEST(HostSoup, CylinderIsASmoothSideAndTwoCaps) {
     }
 }
 
+TEST(HostSoup, FinelyDividedCurvesAreCurvedToo) {
+    // 200 sides bend by 1.8 degrees each: single triangles are flat by any measure.
+    for (const bool withNormals : {false, true}) {
+        SCOPED_TRACE(withNormals ? "with normals" : "without normals");
+        const Result r = buildSoup(cylinder(200, withNormals, true));
+        EXPECT_EQ(r.curved(), 1u);
+        EXPECT_EQ(r.flat().size(), 2u);
+    }
+}
+
+TEST(HostSoup, FlatNormalsKeepAllFolds) {
+    // A strip of shallow folds whose normals say that each part is flat.
+    Soup soup;
+    for (int i = 0; i < 8; ++i) {
+        const auto z = [](int k) { return 0.01 * k * k; };
+        soup.flatQuad({i * 1.0, 0, z(i)}, {i + 1.0, 0, z(i + 1)}, {i + 1.0, 1, z(i + 1)},
+                      {i * 1.0, 1, z(i)});
+    }
+    const Result r = buildSoup(soup);
+    EXPECT_EQ(r.curved(), 0u);
+    EXPECT_EQ(r.flat().size(), 8u);
+}
+
 TEST(HostSoup, OpenShadeGetsABackSideAndItsRims) {
     const Result r = buildSoup(cylinder(24, true, false));
     EXPECT_EQ(r.curved(), 2u);
@@ -279,17 +302,20 @@ TEST(HostSoup, RoundedEdgeHasNoLineWhereItIsTangent) {
         const Vec3 along{0, 5, 0};
         soup.smoothQuad({a, b, b + along, a + along}, {a, b, b, a});
     }
+    // The open sheet is one curved surface, written as its bent and its flat part, each with a
+    // back; its rim of four sides is one closed line.
     const Result r = buildSoup(soup);
-    const auto flat = r.flat();
-    ASSERT_EQ(flat.size(), 1u);
-    ASSERT_EQ(flat[0].loops.size(), 2u);
-    EXPECT_TRUE(flat[0].loops[0].hidden);
-    EXPECT_EQ(flat[0].loops[0].points.size(), 4u);
-    EXPECT_FALSE(flat[0].loops[1].closed);
-    EXPECT_FALSE(flat[0].loops[1].hidden);
-    ASSERT_EQ(flat[0].loops[1].points.size(), 4u);
-    for (size_t i : {0u, 3u})
-        EXPECT_NEAR(flat[0].loops[1].points[i].x, 0.0, 1e-6) << "the open run ends at the tangent";
+    EXPECT_EQ(r.flat().size(), 0u);
+    EXPECT_EQ(r.curved(), 4u);
+    EXPECT_EQ(r.count([](const ReadFace& f) { return f.curved() && !f.loops[0].points.empty(); }),
+              1u)
+        << "the flat part's outline, for drawings of edges alone";
+    ASSERT_EQ(r.lines(), 1u);
+    const auto line = std::ranges::find_if(r.faces, &ReadFace::isLine);
+    ASSERT_EQ(line->loops.size(), 1u);
+    EXPECT_EQ(line->loops[0].points.size(), 2u * (kSteps + 2));
+    for (const Vec3& p : line->loops[0].points)
+        EXPECT_FALSE(p.x == 0.0 && p.y > 0.0 && p.y < 5.0);
 }
 
 TEST(HostSoup, SheetWithTwoSidesIsOutlinedOnce) {
