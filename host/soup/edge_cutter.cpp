@@ -54,8 +54,8 @@ class OpenPoints {
             collect(start, direction, low, high, size, cuts);
         }
         std::ranges::sort(cuts, {}, &Cut::at);
-        const auto same = std::ranges::unique(cuts, {}, &Cut::point);
-        cuts.erase(same.begin(), same.end());
+        const auto isSame = [](const Cut& a, const Cut& b) { return a.point == b.point; };
+        cuts.erase(std::unique(cuts.begin(), cuts.end(), isSame), cuts.end());
     }
 
   private:

@@ -116,8 +116,8 @@ class LineGraph {
     };
 
     std::span<const End> edgesAt(uint32_t point) const {
-        const auto range = std::ranges::equal_range(ends_, point, {}, &End::point);
-        return {range.begin(), range.end()};
+        return {std::ranges::lower_bound(ends_, point, {}, &End::point),
+                std::ranges::upper_bound(ends_, point, {}, &End::point)};
     }
     uint32_t unusedAt(uint32_t point) const {
         for (const End& end : edgesAt(point))
@@ -144,7 +144,7 @@ void startAtCorner(Chain& chain, const std::vector<Vec3>& points) {
     const Vec3 first = points[chain.points[0]];
     const auto furthest = std::ranges::max_element(
         chain.points, {}, [&](uint32_t p) { return length(points[p] - first); });
-    std::ranges::rotate(chain.points, furthest);
+    std::rotate(chain.points.begin(), furthest, chain.points.end());
 }
 
 std::vector<GridPoint> gridLoop(std::span<const uint32_t> numbers, const SoupMesh& mesh) {
