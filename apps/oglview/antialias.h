@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+//
+// Smooth lines from any driver: the picture is drawn larger and averaged. Software drivers accept
+// multisampled windows without drawing more than one sample in them.
+#pragma once
+
+#include "oglview/image_file.h"
+#include "oglview/options.h"
+
+namespace oglview {
+
+/// The most times that a picture is drawn larger.
+inline constexpr int kLargestFactor = 4;
+
+/// How many times larger to draw: `wanted`, or for 0 what suits the mode, as far as `limit`, the
+/// largest size that can be drawn, allows. At least 1.
+int drawingFactor(int wanted, int32_t mode, const Size& size, const Size& limit);
+
+/// The line weight that gives lines `factor` times as wide as `lineWeight` does.
+int widenedLineWeight(int lineWeight, int factor);
+
+/// A picture `factor` times smaller, each pixel the mean of those it stands for. `pixels` holds
+/// what the result points to.
+Picture shrunk(const Picture& picture, int factor, std::vector<uint8_t>& pixels);
+
+} // namespace oglview

@@ -1,0 +1,264 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#include "oglview/command_line.h"
+
+#include "oglview/antialias.h"
+#include "oglview/system.h"
+#include "oglview/user_error.h"
+
+#include <CLI/CLI.hpp>
+
+#include <cstdio>
+
+namespace oglview {
+namespace {
+
+using ogl::host::Vec3;
+
+constexpr const char* kDescription =
+    "Draws models of buildings with the ogl rendering library.\n\n"
+    "MODEL is a built-in sample (flat) or a file: IFC, glTF, OBJ, FBX, COLLADA, 3DS, STL, PLY and\n"
+    "what else the import library reads. Models are drawn in metres with z up. IFC, glTF and\n"
+    "COLLADA files say what they mean. Where a file names no unit, its size decides: up to 100\n"
+    "units wide and 40 high are metres, up to 10,000 centimetres, more millimetres. STL, PLY, OFF,\n"
+    "AMF and 3MF files have z up, all others y. --unit and --up say otherwise.";
+
+/// What the options are read into before they are understood.
+struct Texts {
+    std::string unit;
+    std::string up;
+    std::string eye;
+    std::string target;
+    std::string cameraUp;
+    std::string camera;
+    std::string zoomWindow;
+    std::string mode = "drawing";
+    std::string background;
+    std::string size;
+    double fieldOfView = 0.0;
+    int lineWeight = 0;
+    int edgeOpacity = 0;
+};
+
+struct Parsed {
+    Texts texts;
+    ModelOptions model;
+    ViewOptions view;
+    StyleOptions style;
+    LibraryOptions library;
+    std::string output;
+    int antialias = 0;
+    bool listObjects = false;
+};
+
+void addModelOptions(CLI::App& command, Parsed& parsed) {
+    command.add_option("MODEL", parsed.model.model, "Model file, or flat")->required();
+    command.add_option("--unit", parsed.texts.unit, "Unit of the file: m, cm, mm, in or ft")
+        ->type_name("UNIT");
+    command.add_option("--up", parsed.texts.up, "Axis of the file that points up: y or z")
+        ->type_name("AXIS");
+    command.add_flag("--all", parsed.model.import.keepHelpers,
+                     "Keep spaces, openings and grids of IFC files");
+    command.add_flag("--both-sides", parsed.model.bothSides,
+                     "Show surfaces from behind too, for models with loose orientation");
+    command
+        .add_option("--hide", parsed.model.hide,
+                    "Hide the objects whose name fits PATTERN (* and ?); may be given again")
+        ->type_name("PATTERN")
+        ->allow_extra_args(false);
+    command
+        .add_option("--only", parsed.model.only,
+                    "Hide all objects but those whose name fits PATTERN; may be given again")
+        ->type_name("PATTERN")
+        ->allow_extra_args(false);
+    command.add_flag("--progress", parsed.model.progress,
+                     "Say what is going on, also when not at a terminal");
+}
+
+void addViewOptions(CLI::App& command, Parsed& parsed) {
+    command
+        .add_option("--view", parsed.view.view,
+                    "outside, inside, plan, front, back, left, right, or a sample's own view")
+        ->type_name("NAME");
+    command
+        .add_option("--camera", parsed.texts.camera, "Eye and target in metres: EX,EY,EZ,TX,TY,TZ")
+        ->type_name("POINTS");
+    command.add_option("--eye", parsed.texts.eye, "Where the camera stands, metres")
+        ->type_name("X,Y,Z");
+    command.add_option("--target", parsed.texts.target, "What it looks at, metres")
+        ->type_name("X,Y,Z");
+    command.add_option("--camera-up", parsed.texts.cameraUp, "Direction that is up in the picture")
+        ->type_name("X,Y,Z");
+    command.add_option("--fov", parsed.texts.fieldOfView, "Vertical field of view, 1 to 150 degrees")
+        ->type_name("DEGREES");
+    command
+        .add_option("--zoom-window", parsed.texts.zoomWindow,
+                    "Show a part of the view: its centre, counted from the middle to the right "
+                    "and upwards, and its size, all in heights of the view")
+        ->type_name("X,Y,W,H");
+}
+
+void addStyleOptions(CLI::App& command, Parsed& parsed) {
+    command.add_option("--mode", parsed.texts.mode, "drawing (default) or edges")
+        ->type_name("NAME");
+    command.add_flag("--hidden-edges", parsed.style.hiddenEdges, "Draw hidden edges dashed");
+    command.add_flag("--round-ends", parsed.style.roundEnds, "Mark the ends of edges");
+    command.add_option("--line-weight", parsed.texts.lineWeight, "Weight of the edges, 0 to 100")
+        ->type_name("N");
+    command.add_option("--edge-opacity", parsed.texts.edgeOpacity, "0 to 100 percent")
+        ->type_name("P");
+    command.add_option("--background", parsed.texts.background, "Background of drawings")
+        ->type_name("RRGGBB");
+    command.add_option("--samples", parsed.library.samples, "Samples per pixel, 1 to 16 (8)")
+        ->type_name("N");
+    command
+        .add_option("--ini", parsed.library.iniPath,
+                    "Configuration of the library; its log is written beside it")
+        ->type_name("PATH");
+}
+
+template <class T>
+void checkRange(const char* name, T value, T low, T high) {
+    if (value >= low && value <= high)
+        return;
+    char text[96];
+    std::snprintf(text, sizeof text, "%s takes %g to %g", name, static_cast<double>(low),
+                  static_cast<double>(high));
+    throw UserError(text);
+}
+
+void understandModel(const CLI::App& command, Parsed& parsed) {
+    if (command.count("--unit") != 0) {
+        const std::string& unit = parsed.texts.unit;
+        if (unit != "m" && unit != "cm" && unit != "mm" && unit != "in" && unit != "ft")
+            throw UserError("there is no unit '" + unit + "'; units are: m, cm, mm, in, ft");
+        parsed.model.import.lengthUnit = unit;
+    }
+    if (command.count("--up") != 0) {
+        if (parsed.texts.up != "y" && parsed.texts.up != "z")
+            throw UserError("--up takes y or z");
+        parsed.model.import.up = parsed.texts.up.front();
+    }
+    parsed.model.progress = parsed.model.progress || errorOutputIsTerminal();
+}
+
+void understandView(const CLI::App& command, Parsed& parsed) {
+    const Texts& texts = parsed.texts;
+    if (command.count("--camera") != 0) {
+        if (command.count("--eye") != 0 || command.count("--target") != 0)
+            throw UserError("--camera gives eye and target already");
+        const std::vector<double> n = parseNumbers(texts.camera, 6, "--camera");
+        parsed.view.eye = Vec3{n[0], n[1], n[2]};
+        parsed.view.target = Vec3{n[3], n[4], n[5]};
+    }
+    if (command.count("--eye") != 0)
+        parsed.view.eye = parsePoint(texts.eye, "--eye");
+    if (command.count("--target") != 0)
+        parsed.view.target = parsePoint(texts.target, "--target");
+    if (command.count("--camera-up") != 0) {
+        parsed.view.up = parsePoint(texts.cameraUp, "--camera-up");
+        if (length(*parsed.view.up) == 0.0)
+            throw UserError("--camera-up has no direction");
+    }
+    if (command.count("--fov") != 0) {
+        checkRange("--fov", texts.fieldOfView, 1.0, 150.0);
+        parsed.view.fieldOfViewDegrees = texts.fieldOfView;
+    }
+    if (command.count("--zoom-window") != 0) {
+        const std::vector<double> n = parseNumbers(texts.zoomWindow, 4, "--zoom-window");
+        if (n[2] <= 0.0 || n[3] <= 0.0)
+            throw UserError("the zoom window has no size");
+        parsed.view.zoomWindow = ogl::host::ViewWindow{n[0], n[1], n[2], n[3]};
+    }
+}
+
+void understandStyle(const CLI::App& command, Parsed& parsed) {
+    const Texts& texts = parsed.texts;
+    parsed.style.mode = parseMode(texts.mode);
+    if (command.count("--line-weight") != 0) {
+        checkRange("--line-weight", texts.lineWeight, 0, 100);
+        parsed.style.lineWeight = texts.lineWeight;
+    }
+    if (command.count("--edge-opacity") != 0) {
+        checkRange("--edge-opacity", texts.edgeOpacity, 0, 100);
+        parsed.style.edgeOpacityPercent = texts.edgeOpacity;
+    }
+    if (command.count("--background") != 0)
+        parsed.style.background = parseColor(texts.background);
+    checkRange("--samples", parsed.library.samples, 1, 16);
+}
+
+/// The first line of a message of the command-line library.
+std::string firstLine(const std::string& text) {
+    return text.substr(0, text.find('\n'));
+}
+
+/// True when help or version was asked for and printed.
+bool parse(CLI::App& app, int argc, const char* const* argv) {
+    try {
+        app.parse(argc, argv);
+        return false;
+    } catch (const CLI::ParseError& error) {
+        if (error.get_exit_code() != 0)
+            throw UserError(firstLine(error.what()) + " (oglview --help tells more)");
+        app.exit(error);
+        return true;
+    }
+}
+
+} // namespace
+
+Request readCommandLine(int argc, const char* const* argv) {
+    CLI::App app(kDescription, "oglview");
+    app.set_version_flag("--version", "oglview " OGLVIEW_VERSION);
+    app.require_subcommand(1);
+
+    Parsed parsed;
+    CLI::App& render = *app.add_subcommand("render", "Draw a model into a picture file");
+    addModelOptions(render, parsed);
+    render.add_option("-o,--output", parsed.output, "Picture to write, .png or .bmp")
+        ->type_name("FILE")
+        ->required();
+    render.add_option("--size", parsed.texts.size, "Size in pixels (1600x1200)")
+        ->type_name("WxH");
+    render
+        .add_option("--antialias", parsed.antialias,
+                    "Draw N times as large and average, 1 to 4 (as suits the mode)")
+        ->type_name("N");
+    addViewOptions(render, parsed);
+    addStyleOptions(render, parsed);
+
+    CLI::App& show = *app.add_subcommand("show", "Show a model in a window to move around in");
+    addModelOptions(show, parsed);
+    show.add_option("--size", parsed.texts.size, "Size of the window in pixels (1280x800)")
+        ->type_name("WxH");
+    addViewOptions(show, parsed);
+    addStyleOptions(show, parsed);
+
+    CLI::App& info = *app.add_subcommand("info", "Tell what is in a model");
+    addModelOptions(info, parsed);
+    info.add_flag("--objects", parsed.listObjects, "List the objects with their sizes in metres");
+
+    if (parse(app, argc, argv))
+        return NothingToDo{};
+    const CLI::App& command = *app.get_subcommands().front();
+    understandModel(command, parsed);
+    if (&command == &info)
+        return InfoOptions{parsed.model, parsed.listObjects};
+    understandView(command, parsed);
+    understandStyle(command, parsed);
+    const bool sized = command.count("--size") != 0;
+    if (&command == &show) {
+        ShowOptions options{parsed.model, parsed.view, parsed.style, parsed.library};
+        options.size = sized ? parseSize(parsed.texts.size) : options.size;
+        return options;
+    }
+    RenderOptions options{parsed.model, parsed.view, parsed.style, parsed.library, parsed.output};
+    options.size = sized ? parseSize(parsed.texts.size) : options.size;
+    if (render.count("--antialias") != 0)
+        checkRange("--antialias", parsed.antialias, 1, kLargestFactor);
+    options.antialias = parsed.antialias;
+    return options;
+}
+
+} // namespace oglview

@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+//
+// What the subcommands do. Each returns the exit status or throws UserError. `program` is this
+// program's own file.
+#pragma once
+
+#include "oglview/options.h"
+
+namespace oglview {
+
+int renderCommand(const std::string& program, const RenderOptions& options);
+int showCommand(const std::string& program, const ShowOptions& options);
+int infoCommand(const std::string& program, const InfoOptions& options);
+
+} // namespace oglview

@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "oglview/image_file.h"
+#include "platform/win32.h"
+
+namespace oglview {
+
+/// A bitmap of 24 bits that the library draws into.
+class DibSection {
+  public:
+    /// Throws UserError when there is no memory for it.
+    DibSection(int width, int height);
+    ~DibSection() { DeleteObject(bitmap_); }
+    DibSection(const DibSection&) = delete;
+    DibSection& operator=(const DibSection&) = delete;
+
+    HBITMAP get() const { return bitmap_; }
+    const Picture& picture() const { return picture_; }
+
+  private:
+    HBITMAP bitmap_ = nullptr;
+    Picture picture_;
+};
+
+} // namespace oglview

@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#include "host/import/import_model.h"
+#include "oglview/command_line.h"
+#include "oglview/commands.h"
+#include "oglview/user_error.h"
+#include "platform/win32.h"
+
+#include <cstdio>
+#include <exception>
+#include <new>
+#include <string>
+#include <vector>
+
+namespace {
+
+std::string programFile() {
+    std::string path(4096, '\0');
+    path.resize(GetModuleFileNameA(nullptr, path.data(), static_cast<DWORD>(path.size())));
+    return path;
+}
+
+int runRequest(const oglview::Request& request) {
+    const std::string program = programFile();
+    if (const auto* render = std::get_if<oglview::RenderOptions>(&request))
+        return oglview::renderCommand(program, *render);
+    if (const auto* show = std::get_if<oglview::ShowOptions>(&request))
+        return oglview::showCommand(program, *show);
+    if (const auto* info = std::get_if<oglview::InfoOptions>(&request))
+        return oglview::infoCommand(program, *info);
+    return 0;
+}
+
+int fail(const char* message) {
+    std::fprintf(stderr, "oglview: %s\n", message);
+    return 1;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    try {
+        if (argc > 1 && std::string(argv[1]) == ogl::host::kImportWorkerCommand)
+            return ogl::host::importWorker({argv + 2, argv + argc});
+        return runRequest(oglview::readCommandLine(argc, argv));
+    } catch (const oglview::UserError& error) {
+        return fail(error.what());
+    } catch (const std::bad_alloc&) {
+        return fail("there is not enough memory");
+    } catch (const std::exception& error) {
+        return fail(error.what());
+    }
+}

@@ -1,0 +1,71 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+//
+// What the command line asks for.
+#pragma once
+
+#include "host/import/import_options.h"
+#include "host/scene_parts.h"
+#include "oglview/drawing_view.h"
+#include "oglview/parse_values.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace oglview {
+
+/// Which model, and what of it.
+struct ModelOptions {
+    std::string model; ///< file, or name of a built-in sample
+    ogl::host::ImportOptions import;
+    bool bothSides = false;
+    std::vector<std::string> hide; ///< patterns of object names
+    std::vector<std::string> only; ///< patterns; not empty = everything else is hidden
+    bool progress = false;
+};
+
+/// Where to look from. What is not given is chosen.
+struct ViewOptions {
+    std::string view; ///< "outside", "inside", "plan", ... or a sample's own
+    std::optional<ogl::host::Vec3> eye;
+    std::optional<ogl::host::Vec3> target;
+    std::optional<ogl::host::Vec3> up;
+    std::optional<double> fieldOfViewDegrees; ///< vertical
+    std::optional<ogl::host::ViewWindow> zoomWindow;
+};
+
+/// How it is drawn.
+struct StyleOptions {
+    int32_t mode = ogl::kRenderModeDrawing;
+    bool hiddenEdges = false;
+    bool roundEnds = false;
+    int lineWeight = ogl::host::DrawingStyle{}.lineWeight;
+    std::optional<int> edgeOpacityPercent;
+    std::optional<ogl::host::Color> background;
+};
+
+struct RenderOptions {
+    ModelOptions model;
+    ViewOptions view;
+    StyleOptions style;
+    LibraryOptions library;
+    std::string output;
+    Size size{1600, 1200};
+    int antialias = 0; ///< drawn so many times larger and averaged; 0 = as suits the mode
+};
+
+struct ShowOptions {
+    ModelOptions model;
+    ViewOptions view;
+    StyleOptions style;
+    LibraryOptions library;
+    Size size{1280, 800};
+};
+
+struct InfoOptions {
+    ModelOptions model;
+    bool listObjects = false;
+};
+
+} // namespace oglview

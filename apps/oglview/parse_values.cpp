@@ -1,0 +1,120 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#include "oglview/parse_values.h"
+
+#include "oglview/user_error.h"
+
+#include <algorithm>
+#include <cctype>
+#include <charconv>
+#include <cmath>
+#include <string_view>
+
+namespace oglview {
+namespace {
+
+/// Reads all of `text` as a number.
+template <class T> bool readAll(std::string_view text, T& value) {
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    return error == std::errc() && end == text.data() + text.size();
+}
+
+bool readHex(std::string_view text, unsigned& value) {
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value, 16);
+    return error == std::errc() && end == text.data() + text.size();
+}
+
+bool sameLetter(char a, char b) {
+    return std::tolower(static_cast<unsigned char>(a)) ==
+           std::tolower(static_cast<unsigned char>(b));
+}
+
+struct ModeName {
+    std::string_view name;
+    int32_t mode;
+};
+constexpr ModeName kModes[] = {{"drawing", ogl::kRenderModeDrawing},
+                               {"edges", ogl::kRenderModeEdges}};
+
+} // namespace
+
+Size parseSize(const std::string& text) {
+    Size size;
+    const size_t cross = text.find('x');
+    if (cross == std::string::npos || !readAll(std::string_view(text).substr(0, cross), size.width) ||
+        !readAll(std::string_view(text).substr(cross + 1), size.height))
+        throw UserError("size '" + text + "' is not of the form WIDTHxHEIGHT");
+    if (size.width < 1 || size.height < 1 || size.width > kLargestSide ||
+        size.height > kLargestSide)
+        throw UserError("size " + text + " is out of range: each side takes 1 to " +
+                        std::to_string(kLargestSide) + " pixels");
+    return size;
+}
+
+ogl::host::Color parseColor(const std::string& text) {
+    const std::string_view digits = std::string_view(text).substr(text.starts_with('#') ? 1 : 0);
+    unsigned value = 0;
+    if (digits.size() != 6 || !readHex(digits, value))
+        throw UserError("colour '" + text + "' is not of the form RRGGBB");
+    return {static_cast<uint8_t>(value >> 16), static_cast<uint8_t>(value >> 8 & 0xff),
+            static_cast<uint8_t>(value & 0xff)};
+}
+
+std::vector<double> parseNumbers(const std::string& text, size_t count, const std::string& what) {
+    std::vector<double> numbers;
+    std::string_view rest = text;
+    for (bool more = true; more;) {
+        const size_t comma = rest.find(',');
+        double number = 0.0;
+        if (!readAll(rest.substr(0, comma), number) || !std::isfinite(number))
+            break;
+        numbers.push_back(number);
+        more = comma != std::string_view::npos;
+        rest = more ? rest.substr(comma + 1) : std::string_view();
+        if (!more && numbers.size() == count)
+            return numbers;
+    }
+    throw UserError(what + " '" + text + "' is not " + std::to_string(count) +
+                    " numbers with commas between them");
+}
+
+ogl::host::Vec3 parsePoint(const std::string& text, const std::string& what) {
+    const std::vector<double> numbers = parseNumbers(text, 3, what);
+    return {numbers[0], numbers[1], numbers[2]};
+}
+
+int32_t parseMode(const std::string& name) {
+    std::string known;
+    for (const ModeName& mode : kModes) {
+        if (mode.name == name)
+            return mode.mode;
+        known += known.empty() ? "" : ", ";
+        known += mode.name;
+    }
+    throw UserError("there is no mode '" + name + "'; modes are: " + known);
+}
+
+bool matches(const std::string& name, const std::string& pattern) {
+    size_t n = 0;
+    size_t p = 0;
+    size_t star = std::string::npos; // the last * seen, and where the text after it began
+    size_t afterStar = 0;
+    while (n < name.size()) {
+        if (p < pattern.size() && pattern[p] == '*') {
+            star = p++;
+            afterStar = n;
+        } else if (p < pattern.size() && (pattern[p] == '?' || sameLetter(pattern[p], name[n]))) {
+            ++p;
+            ++n;
+        } else if (star != std::string::npos) {
+            p = star + 1;
+            n = ++afterStar;
+        } else {
+            return false;
+        }
+    }
+    return std::all_of(pattern.begin() + static_cast<std::ptrdiff_t>(p), pattern.end(),
+                       [](char c) { return c == '*'; });
+}
+
+} // namespace oglview

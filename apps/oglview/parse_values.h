@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+//
+// Values of the command line. Each function throws UserError for text that it cannot take.
+#pragma once
+
+#include "host/scene_parts.h"
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace oglview {
+
+/// The largest picture, per side: what a drawable of OpenGL holds on common drivers.
+inline constexpr int kLargestSide = 16384;
+
+struct Size {
+    int width = 0;
+    int height = 0;
+};
+
+/// "1024x768".
+Size parseSize(const std::string& text);
+
+/// "RRGGBB" or "#RRGGBB", hexadecimal.
+ogl::host::Color parseColor(const std::string& text);
+
+/// Exactly `count` numbers with commas between them. `what` names the value in the message.
+std::vector<double> parseNumbers(const std::string& text, size_t count, const std::string& what);
+
+/// "X,Y,Z".
+ogl::host::Vec3 parsePoint(const std::string& text, const std::string& what);
+
+/// A mode's name as the scene's renderMode.
+int32_t parseMode(const std::string& name);
+
+/// Whether `name` fits `pattern`, in which * stands for any text and ? for one character. Upper and
+/// lower case ASCII letters are the same.
+bool matches(const std::string& name, const std::string& pattern);
+
+} // namespace oglview

@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+namespace oglview {
+
+/// Says on standard error what takes long, when somebody wants to know.
+class Progress {
+  public:
+    explicit Progress(bool shown) : shown_(shown) {}
+    void step(const std::string& what) const;
+
+  private:
+    bool shown_;
+};
+
+} // namespace oglview

@@ -1,0 +1,29 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#include "oglview/commands.h"
+#include "oglview/loaded_scene.h"
+#include "oglview/scene_style.h"
+#include "oglview/viewer_window.h"
+#include "oglview/view_choice.h"
+
+#include <cstdio>
+
+namespace oglview {
+
+int showCommand(const std::string& program, const ShowOptions& options) {
+    const Progress progress(options.model.progress);
+    LoadedScene scene = loadScene(program, options.model, progress);
+    for (const std::string& note : scene.notes)
+        std::fprintf(stderr, "oglview: note: %s\n", note.c_str());
+    const double aspect = static_cast<double>(options.size.width) / options.size.height;
+    const ogl::host::Camera camera = chooseCamera(scene, options.view, aspect);
+    scene.builder.setViewWindow(options.view.zoomWindow);
+
+    std::printf("%s\n", ViewerWindow::help());
+    std::fflush(stdout);
+    ViewerWindow window(options, scene, camera);
+    window.run();
+    return 0;
+}
+
+} // namespace oglview

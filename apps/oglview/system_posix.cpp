@@ -1,0 +1,17 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#include "oglview/system.h"
+
+#include <unistd.h>
+
+namespace oglview {
+
+bool errorOutputIsTerminal() {
+    return isatty(STDERR_FILENO) != 0;
+}
+
+Size largestPicture() {
+    return {kLargestSide, kLargestSide}; // X windows may be larger than the screen
+}
+
+} // namespace oglview

@@ -1,0 +1,101 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#include "oglview/command_line.h"
+
+#include "oglview/user_error.h"
+#include "support/captured_output.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace oglview;
+
+Request read(std::vector<const char*> words) {
+    words.insert(words.begin(), "oglview");
+    return readCommandLine(static_cast<int>(words.size()), words.data());
+}
+
+TEST(CommandLine, ReadsARenderCommand) {
+    const Request request =
+        read({"render", "house.ifc", "-o", "house.png", "--mode", "edges", "--size", "640x480",
+              "--camera", "-1,-2,3.5,4,5,6", "--camera-up", "0,1,0", "--fov", "55", "--hide",
+              "IfcSite*", "--hide", "*Dach*", "--unit", "cm", "--up", "z", "--all", "--both-sides",
+              "--hidden-edges", "--round-ends", "--line-weight", "12", "--edge-opacity", "40",
+              "--background", "102030", "--zoom-window", "-0.1,0.2,0.5,0.25", "--samples", "4"});
+    const auto* render = std::get_if<RenderOptions>(&request);
+    ASSERT_NE(render, nullptr);
+    EXPECT_EQ(render->model.model, "house.ifc");
+    EXPECT_EQ(render->output, "house.png");
+    EXPECT_EQ(render->style.mode, ogl::kRenderModeEdges);
+    EXPECT_EQ(render->size.width, 640);
+    ASSERT_TRUE(render->view.eye && render->view.target && render->view.up);
+    EXPECT_EQ(render->view.eye->x, -1.0);
+    EXPECT_EQ(render->view.eye->z, 3.5);
+    EXPECT_EQ(render->view.target->z, 6.0);
+    EXPECT_EQ(render->view.up->y, 1.0);
+    EXPECT_EQ(render->view.fieldOfViewDegrees, 55.0);
+    EXPECT_EQ(render->model.hide, (std::vector<std::string>{"IfcSite*", "*Dach*"}));
+    EXPECT_EQ(render->model.import.lengthUnit, "cm");
+    EXPECT_EQ(render->model.import.up, 'z');
+    EXPECT_TRUE(render->model.import.keepHelpers && render->model.bothSides);
+    EXPECT_TRUE(render->style.hiddenEdges && render->style.roundEnds);
+    EXPECT_EQ(render->style.lineWeight, 12);
+    EXPECT_EQ(render->style.edgeOpacityPercent, 40);
+    ASSERT_TRUE(render->style.background && render->view.zoomWindow);
+    EXPECT_EQ(render->style.background->green, 0x20);
+    EXPECT_EQ(render->view.zoomWindow->centerX, -0.1);
+    EXPECT_EQ(render->view.zoomWindow->height, 0.25);
+    EXPECT_EQ(render->library.samples, 4);
+}
+
+TEST(CommandLine, RefusesInOneLine) {
+    const std::vector<std::vector<const char*>> lines = {
+        {},
+        {"paint"},
+        {"render"},
+        {"render", "flat"},
+        {"render", "-o", "a.png"},
+        {"render", "flat", "more", "-o", "a.png"},
+        {"render", "flat", "-o", "a.png", "--size", "0x0"},
+        {"render", "flat", "-o", "a.png", "--mode", "raytrace"},
+        {"render", "flat", "-o", "a.png", "--fov", "0"},
+        {"render", "flat", "-o", "a.png", "--fov", "wide"},
+        {"render", "flat", "-o", "a.png", "--eye", "1,2"},
+        {"render", "flat", "-o", "a.png", "--camera", "1,2,3,4,5,6", "--eye", "1,2,3"},
+        {"render", "flat", "-o", "a.png", "--camera-up", "0,0,0"},
+        {"render", "flat", "-o", "a.png", "--zoom-window", "0,0,0,1"},
+        {"render", "flat", "-o", "a.png", "--edge-opacity", "101"},
+        {"render", "flat", "-o", "a.png", "--line-weight", "-1"},
+        {"render", "flat", "-o", "a.png", "--samples", "0"},
+        {"render", "flat", "-o", "a.png", "--background", "white"},
+        {"render", "flat", "-o", "a.png", "--no-such-option"},
+        {"info", "flat", "--unit", "miles"},
+        {"info", "flat", "--up", "x"},
+        {"show", "flat", "-o", "a.png"},
+    };
+    for (const auto& line : lines) {
+        std::string words;
+        for (const char* word : line)
+            words += std::string(word) + " ";
+        try {
+            read(line);
+            ADD_FAILURE() << "accepted: " << words;
+        } catch (const UserError& error) {
+            EXPECT_EQ(std::string(error.what()).find('\n'), std::string::npos) << words;
+            EXPECT_STRNE(error.what(), "") << words;
+        }
+    }
+}
+
+TEST(CommandLine, EveryCommandHasHelp) {
+    for (const char* command : {"", "render", "show", "info"}) {
+        ogl::test::CapturedOutput output(1);
+        const Request request = *command != 0 ? read({command, "--help"}) : read({"--help"});
+        const std::string text = output.stop();
+        EXPECT_TRUE(std::holds_alternative<NothingToDo>(request));
+        EXPECT_NE(text.find(*command != 0 ? "MODEL" : "render"), std::string::npos) << text;
+    }
+}
+
+} // namespace

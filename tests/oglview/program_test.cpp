@@ -1,0 +1,211 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+//
+// The program as a person runs it: what it draws and what it says.
+#include "oglview/programs.h"
+#include "support/temp_folder.h"
+
+#include <gtest/gtest.h>
+#include <stb_image.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <memory>
+#include <vector>
+
+namespace {
+
+using ogl::test::ProcessResult;
+using ogl::test::runProgram;
+using ogl::test::TempFolder;
+using ogl::test::viewerProgram;
+
+struct Image {
+    int width = 0;
+    int height = 0;
+    std::vector<uint8_t> pixels; ///< red, green, blue; top row first
+
+    const uint8_t* at(int x, int y) const {
+        return &pixels[static_cast<size_t>((y * width + x) * 3)];
+    }
+    bool isWhite(int x, int y) const {
+        const uint8_t* p = at(x, y);
+        return p[0] == 255 && p[1] == 255 && p[2] == 255;
+    }
+    /// Dark enough to be a line, anywhere within one pixel.
+    bool hasLineNear(int x, int y) const {
+        for (int dy = -1; dy <= 1; ++dy)
+            for (int dx = -1; dx <= 1; ++dx)
+                if (at(std::clamp(x + dx, 0, width - 1), std::clamp(y + dy, 0, height - 1))[1] < 170)
+                    return true;
+        return false;
+    }
+    double inkShare() const {
+        size_t dark = 0;
+        for (size_t k = 1; k < pixels.size(); k += 3)
+            dark += pixels[k] < 200 ? 1 : 0;
+        return static_cast<double>(dark) * 3.0 / static_cast<double>(pixels.size());
+    }
+};
+
+Image readImage(const std::string& path) {
+    Image image;
+    const std::unique_ptr<stbi_uc, void (*)(void*)> pixels(
+        stbi_load(path.c_str(), &image.width, &image.height, nullptr, 3), stbi_image_free);
+    if (pixels)
+        image.pixels.assign(pixels.get(),
+                            pixels.get() + static_cast<ptrdiff_t>(image.width) * image.height * 3);
+    return image;
+}
+
+class Program : public testing::Test {
+  protected:
+    void SetUp() override {
+        if (!std::filesystem::exists(viewerProgram()))
+            GTEST_SKIP() << "oglview is not built";
+    }
+    ProcessResult run(const std::vector<std::string>& arguments) const {
+        return runProgram(viewerProgram(), arguments);
+    }
+    void expectOneLine(const std::vector<std::string>& arguments, const std::string& says) const {
+        const ProcessResult result = run(arguments);
+        EXPECT_GT(result.exitCode, 0) << result.output;
+        EXPECT_TRUE(result.output.starts_with("oglview: ")) << result.output;
+        EXPECT_NE(result.output.find(says), std::string::npos) << result.output;
+        EXPECT_EQ(std::ranges::count(result.output, '\n'), 1) << result.output;
+    }
+    TempFolder folder_;
+};
+
+/// A cube of 2 m around the origin, y up.
+constexpr const char* kCube = R"(o cube
+v -1 -1 -1
+v 1 -1 -1
+v 1 1 -1
+v -1 1 -1
+v -1 -1 1
+v 1 -1 1
+v 1 1 1
+v -1 1 1
+f 1 4 3 2
+f 5 6 7 8
+f 1 2 6 5
+f 4 8 7 3
+f 1 5 8 4
+f 2 3 7 6
+)";
+
+TEST_F(Program, DrawsTheSampleInBothModesAndFormats) {
+    struct Row {
+        const char* mode;
+        const char* file;
+        int width;
+        int height;
+    };
+    for (const Row& row : {Row{"drawing", "a.png", 320, 240}, Row{"edges", "b.png", 321, 123},
+                           Row{"drawing", "c.bmp", 200, 300}}) {
+        const std::string path = folder_.file(row.file);
+        const ProcessResult result =
+            run({"render", "flat", "-o", path, "--mode", row.mode, "--size",
+                 std::to_string(row.width) + "x" + std::to_string(row.height)});
+        ASSERT_EQ(result.exitCode, 0) << result.output;
+        EXPECT_EQ(result.output, "") << "nothing to say when nobody asks";
+        const Image image = readImage(path);
+        ASSERT_EQ(image.width, row.width) << row.file;
+        ASSERT_EQ(image.height, row.height) << row.file;
+        EXPECT_GT(image.inkShare(), 0.01) << row.file;
+        EXPECT_LT(image.inkShare(), 0.7) << row.file;
+    }
+}
+
+TEST_F(Program, DrawsACubeExactlyWhereItIs) {
+    if (!ogl::test::programReadsModels())
+        GTEST_SKIP() << "this build reads no model files";
+    ogl::test::writeFile(folder_.file("cube.obj"), kCube);
+    const std::string path = folder_.file("cube.png");
+    // From the front at 11 m with a field of view that shows 4 m at the front face, 10 m away:
+    // 2 atan(0.2) = 22.6198649 degrees. The face is then half as high as the picture.
+    const ProcessResult result =
+        run({"render", folder_.file("cube.obj"), "-o", path, "--size", "400x400", "--camera",
+             "0,-11,0,0,0,0", "--fov", "22.6198649", "--line-weight", "16", "--edge-opacity",
+             "100"});
+    ASSERT_EQ(result.exitCode, 0) << result.output;
+    const Image image = readImage(path);
+    ASSERT_EQ(image.width, 400);
+    for (int k = 110; k <= 290; k += 15) {
+        EXPECT_TRUE(image.hasLineNear(k, 100) && image.hasLineNear(k, 300)) << k;
+        EXPECT_TRUE(image.hasLineNear(100, k) && image.hasLineNear(300, k)) << k;
+    }
+    // No diagonal, and nothing of the back: white inside and outside.
+    for (int y = 5; y < 400; y += 13)
+        for (int x = 5; x < 400; x += 13) {
+            const bool nearLine = (std::abs(x - 100) < 5 || std::abs(x - 300) < 5 ||
+                                   std::abs(y - 100) < 5 || std::abs(y - 300) < 5);
+            EXPECT_TRUE(nearLine || image.isWhite(x, y)) << x << ", " << y;
+        }
+}
+
+TEST_F(Program, UsesTheBackgroundColour) {
+    const std::string path = folder_.file("sky.png");
+    const ProcessResult result = run({"render", "flat", "-o", path, "--size", "160x120", "--camera",
+                                      "0,0,50,0,0,100", "--background", "c0d8f0"});
+    ASSERT_EQ(result.exitCode, 0) << result.output;
+    const Image image = readImage(path);
+    ASSERT_EQ(image.width, 160);
+    for (const auto& [x, y] : {std::pair{0, 0}, {159, 0}, {0, 119}, {159, 119}, {80, 60}}) {
+        EXPECT_EQ(image.at(x, y)[0], 0xc0);
+        EXPECT_EQ(image.at(x, y)[1], 0xd8);
+        EXPECT_EQ(image.at(x, y)[2], 0xf0);
+    }
+}
+
+TEST_F(Program, WritesItsLogBesideTheUsersConfiguration) {
+    ogl::test::writeFile(folder_.file("mine.ini"), "[OpenGL]\nnumAASamplesDrawing=1\n");
+    const ProcessResult result = run({"render", "flat", "-o", folder_.file("a.png"), "--size",
+                                      "64x64", "--ini", folder_.file("mine.ini")});
+    ASSERT_EQ(result.exitCode, 0) << result.output;
+    EXPECT_NE(ogl::test::readFile(folder_.file("ogl.log")).find("[OpenGL]"), std::string::npos);
+}
+
+TEST_F(Program, TellsWhatIsInAModel) {
+    const ProcessResult flat = run({"info", "flat", "--objects"});
+    EXPECT_EQ(flat.exitCode, 0);
+    for (const char* word : {"built-in sample", "objects", "triangles", "materials", "bounds"})
+        EXPECT_NE(flat.output.find(word), std::string::npos) << word;
+    if (!ogl::test::programReadsModels())
+        return;
+    ogl::test::writeFile(folder_.file("cube.obj"), kCube);
+    const ProcessResult cube = run({"info", folder_.file("cube.obj")});
+    EXPECT_EQ(cube.exitCode, 0);
+    for (const char* line : {"objects    1\n", "faces      6\n", "triangles  12\n",
+                             "size       2.000 x 2.000 x 2.000 m\n"})
+        EXPECT_NE(cube.output.find(line), std::string::npos) << cube.output;
+}
+
+TEST_F(Program, SaysInOneLineWhatIsWrong) {
+    const std::string out = folder_.file("out.png");
+    expectOneLine({"render", "palace", "-o", out}, "cannot read 'palace'");
+    expectOneLine({"render", folder_.file("no.ifc"), "-o", out}, "No such file");
+    expectOneLine({"render", "flat", "-o", out, "--size", "0x0"}, "out of range");
+    expectOneLine({"render", "flat", "-o", folder_.file("none/out.png")}, "there is no folder");
+    expectOneLine({"render", "flat", "-o", folder_.file("out.jpg")}, ".png or .bmp");
+    expectOneLine({"render", "flat", "-o", out, "--mode", "photo"}, "no mode 'photo'");
+    expectOneLine({"render", "flat", "-o", out, "--view", "attic"}, "no view 'attic'");
+    expectOneLine({"render", "flat", "-o", out, "--hide", "nothing-like-it"}, "nothing-like-it");
+    expectOneLine({"render", "flat", "-o", out, "--hide", "*", "--view", "plan"},
+                  "every object is hidden");
+    expectOneLine({"render", "flat", "-o", out, "--eye", "1,1,1", "--target", "1,1,1"},
+                  "same point");
+    expectOneLine({"render", "flat", "-o", out, "--ini", folder_.file("none.ini")}, "none.ini");
+    expectOneLine({}, "subcommand");
+    EXPECT_FALSE(std::filesystem::exists(out));
+    if (!ogl::test::programReadsModels())
+        return;
+    ogl::test::writeFile(folder_.file("broken.ifc"), "ISO-10303-21;\nHEADER;\n");
+    expectOneLine({"render", folder_.file("broken.ifc"), "-o", out}, "broken.ifc");
+    ogl::test::writeFile(folder_.file("cube.obj"), kCube);
+    expectOneLine({"render", folder_.file("cube.obj"), "-o", out, "--view", "inside"},
+                  "no room to look around in");
+}
+
+} // namespace
