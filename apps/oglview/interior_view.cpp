@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <functional>
 #include <numbers>
 #include <vector>
 
@@ -30,6 +31,8 @@ constexpr double kLongestSight = 40.0;
 constexpr int kRays = 48;
 constexpr int kRaysThatMayEscape = 2;
 constexpr double kPlacesAcross = 48.0;
+constexpr size_t kPlacesLookedAtClosely = 150;
+constexpr double kTooNear = 2.4; // metres: what is nearer fills the picture
 constexpr double kHorizontalFieldOfViewDegrees = 74.0;
 
 /// A place to stand, and how far one sees from there.
@@ -119,6 +122,33 @@ double verticalFieldOfView(double aspect) {
     return std::min(2.0 * std::atan(half / aspect) / kDegree, 85.0);
 }
 
+Camera cameraAt(const Place& place, double aspect) {
+    Camera camera;
+    camera.eye = place.eye;
+    camera.target = place.eye + rayDirection(place.direction);
+    camera.fieldOfViewDegrees = verticalFieldOfView(aspect);
+    return camera;
+}
+
+/// How good the whole picture is, from a grid of rays over it: deep, and nothing close in front.
+double pictureQuality(const RayCaster& rays, const Camera& camera, double aspect) {
+    constexpr int kColumns = 13;
+    constexpr int kRows = 7;
+    const double slope = std::tan(camera.fieldOfViewDegrees * std::numbers::pi / 360.0);
+    const Vec3 forward = normalized(camera.target - camera.eye);
+    const Vec3 right = cross(forward, camera.up);
+    double sum = 0.0;
+    for (int row = 0; row < kRows; ++row)
+        for (int column = 0; column < kColumns; ++column) {
+            const double x = (2.0 * column / (kColumns - 1) - 1.0) * slope * aspect;
+            const double y = (2.0 * row / (kRows - 1) - 1.0) * slope;
+            const Vec3 ray = normalized(forward + right * x + camera.up * y);
+            const double sight = rays.firstHit(camera.eye, ray, kLongestSight);
+            sum += std::min(sight, 8.0) - 6.0 * std::max(0.0, kTooNear - sight);
+        }
+    return sum / (kColumns * kRows);
+}
+
 } // namespace
 
 std::optional<Camera> interiorView(const TriangleCorners& corners, double aspect) {
@@ -128,19 +158,24 @@ std::optional<Camera> interiorView(const TriangleCorners& corners, double aspect
     if (box.empty())
         return std::nullopt;
     const RayCaster rays(corners);
-    const std::vector<Place> places = findPlaces(rays, box);
+    std::vector<Place> places = findPlaces(rays, box);
     if (places.empty())
         return std::nullopt;
     const double largest = std::ranges::max(places, {}, &Place::area).area;
-    const Place* best = nullptr;
-    for (const Place& place : places)
-        if (place.area >= 0.7 * largest && (best == nullptr || place.seen > best->seen))
-            best = &place;
-    Camera camera;
-    camera.eye = best->eye;
-    camera.target = best->eye + rayDirection(best->direction);
-    camera.fieldOfViewDegrees = verticalFieldOfView(aspect);
-    return camera;
+    std::erase_if(places, [&](const Place& place) { return place.area < 0.7 * largest; });
+    std::ranges::sort(places, std::ranges::greater(), &Place::seen);
+    places.resize(std::min(places.size(), kPlacesLookedAtClosely));
+    std::optional<Camera> best;
+    double bestQuality = 0.0;
+    for (const Place& place : places) {
+        const Camera camera = cameraAt(place, aspect);
+        const double quality = place.seen + pictureQuality(rays, camera, aspect);
+        if (!best || quality > bestQuality) {
+            best = camera;
+            bestQuality = quality;
+        }
+    }
+    return best;
 }
 
 } // namespace oglview

@@ -20,8 +20,15 @@ std::string programFile() {
     return path;
 }
 
+/// Loads the program's trace module. The library, which looks for it by its name, then finds it.
+void loadTraceModule(const std::string& program) {
+    const size_t folder = program.find_last_of("/\\") + 1;
+    LoadLibraryA((program.substr(0, folder) + OGLVIEW_TRACE_MODULE).c_str());
+}
+
 int runRequest(const oglview::Request& request) {
     const std::string program = programFile();
+    loadTraceModule(program);
     if (const auto* render = std::get_if<oglview::RenderOptions>(&request))
         return oglview::renderCommand(program, *render);
     if (const auto* show = std::get_if<oglview::ShowOptions>(&request))
