@@ -22,8 +22,8 @@ struct ViewDirection {
 };
 
 /// The camera that looks along `view.forward`, has all `points` in view and is as near to them as
-/// that allows, with `margin` (0 .. 1) of the picture's half size left free. `aspect` is width /
-/// height. The points that touch the picture's borders on opposite sides leave the same margin.
+/// that allows, with at least `margin` (0 .. 1) of the picture's half size left free and the same
+/// on opposite sides. `aspect` is width / height.
 /// Nothing comes nearer than the near plane. Without points: a camera at the origin.
 ogl::host::Camera fitView(std::span<const ogl::host::Vec3> points, const ViewDirection& view,
                           double aspect, double margin);

@@ -72,7 +72,10 @@ TEST(CameraFit, FillsThePictureUpToTheMargin) {
             bottom = std::min(bottom, seen.y);
             top = std::max(top, seen.y);
         }
-        // Nothing passes the margin, and in one direction both sides touch it.
+        // Nothing passes the margin, in one direction both sides touch it, and in the other one
+        // both leave the same.
+        EXPECT_NEAR(left + right, 0.0, 0.01) << row.name;
+        EXPECT_NEAR(bottom + top, 0.0, 0.01) << row.name;
         const double limit = 1.0 - kMargin;
         EXPECT_LE(std::max({-left, right, -bottom, top}), limit + 1e-6) << row.name;
         const bool across = std::abs(left + limit) < 1e-6 && std::abs(right - limit) < 1e-6;
