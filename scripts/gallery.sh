@@ -33,18 +33,27 @@ picture() {
     printf '%s  %s\n' "$out/$name.png" "$what"
 }
 
+# The house's upper floor and roof, by the names of their objects.
+upper=()
+for pattern in '*_Dach*' '*Sparren*' '*Pfette*' '*First*' '*OG-*' '*Slab-033*' '*Holz*' \
+    '*Gelaender*' '*Laufband*' '*Rudermaschine*'; do
+    upper+=(--hide "$pattern")
+done
+living=(--camera 11.3,0.75,1.6,5,2.7,1.45 --fov 58)
+
 picture house-drawing "house, technical drawing" "$house" --size 1600x1100
 picture house-edges "house, edges" "$house" --mode edges --size 1600x1100
-picture house-hidden "house, hidden edges dashed" "$house" --hidden-edges --size 1600x1100 \
-    --hide 'IfcSite*' --edge-opacity 90
-picture house-inside-drawing "house, inside" "$house" --view inside --size 1600x1000
-picture house-inside-edges "house, inside, edges" "$house" --view inside --mode edges \
+picture house-hidden-edges "house, hidden edges dashed" "$house" --hidden-edges --size 1600x1100 \
+    --hide 'IfcSite*'
+picture house-inside-drawing "house, largest space" "$house" --view inside --size 1600x1000
+picture house-living-drawing "house, living room" "$house" "${living[@]}" --size 1600x1000
+picture house-living-edges "house, living room, edges" "$house" "${living[@]}" --mode edges \
     --size 1600x1000
 picture house-front "house, front elevation" "$house" --view front --size 1600x900
-picture house-ground-floor "house, roof and upper floor taken off" "$house" --view outside \
-    --size 1600x1100 --hide '*_Dach*' --hide '*Sparren*' --hide '*Pfette*' --hide '*First*' \
-    --hide '*-OG-*' --hide '*Slab-033*' --hide '*Holz*' --hide '*Gelaender*' \
-    --hide '*Laufband*' --hide '*Rudermaschine*'
+picture house-plan "house, plan of the ground floor" "$house" --view plan --size 1600x1300 \
+    "${upper[@]}" --hide 'IfcSite*'
+picture house-ground-floor "house, ground floor from above" "$house" --size 1600x1100 \
+    "${upper[@]}" --hide 'IfcSite*' --camera -4,-9,15,6,4.6,0 --fov 34
 
 picture flat-drawing "flat, technical drawing" flat --size 1600x1100
 picture flat-edges "flat, edges" flat --mode edges --size 1600x1100

@@ -97,12 +97,17 @@ void checkPatterns(const SceneBuilder& builder, const std::vector<std::string>& 
 void hideObjects(SceneBuilder& builder, const ModelOptions& options) {
     checkPatterns(builder, options.hide);
     checkPatterns(builder, options.only);
+    int visible = 0;
     for (int k = 0; k < builder.objectCount(); ++k) {
         const std::string& name = builder.objectName(k);
         if (matchesAny(name, options.hide) ||
             (!options.only.empty() && !matchesAny(name, options.only)))
             builder.setObjectVisible(k, false);
+        else
+            ++visible;
     }
+    if (visible == 0)
+        throw UserError("nothing is left to draw: every object is hidden");
 }
 
 } // namespace

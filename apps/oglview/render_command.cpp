@@ -22,8 +22,6 @@ int renderCommand(const std::string& program, const RenderOptions& options) {
                         std::to_string(limit.height) + " pixels");
     const Progress progress(options.model.progress);
     LoadedScene scene = loadScene(program, options.model, progress);
-    for (const std::string& note : scene.notes)
-        std::fprintf(stderr, "oglview: note: %s\n", note.c_str());
 
     progress.step("choosing the view");
     const double aspect = static_cast<double>(options.size.width) / options.size.height;
@@ -48,6 +46,8 @@ int renderCommand(const std::string& program, const RenderOptions& options) {
     std::vector<uint8_t> pixels;
     writePicture(options.output, factor > 1 ? shrunk(bitmap.picture(), factor, pixels)
                                             : bitmap.picture());
+    for (const std::string& note : scene.notes)
+        std::fprintf(stderr, "oglview: note: %s\n", note.c_str());
     return 0;
 }
 

@@ -13,10 +13,10 @@ namespace oglview {
 int showCommand(const std::string& program, const ShowOptions& options) {
     const Progress progress(options.model.progress);
     LoadedScene scene = loadScene(program, options.model, progress);
-    for (const std::string& note : scene.notes)
-        std::fprintf(stderr, "oglview: note: %s\n", note.c_str());
     const double aspect = static_cast<double>(options.size.width) / options.size.height;
     const ogl::host::Camera camera = chooseCamera(scene, options.view, aspect);
+    for (const std::string& note : scene.notes)
+        std::fprintf(stderr, "oglview: note: %s\n", note.c_str());
     scene.builder.setViewWindow(options.view.zoomWindow);
 
     std::printf("%s\n", ViewerWindow::help());

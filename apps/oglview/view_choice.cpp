@@ -65,7 +65,9 @@ Camera generalView(LoadedScene& scene, const std::string& name, double aspect) {
     if (corners.empty())
         throw UserError("nothing is left to draw: every object is hidden");
     if (name == kInside) {
-        if (const auto camera = interiorView(corners, aspect))
+        // At another scale people would not fit in, and the near plane hides what is close.
+        const bool atItsSize = scene.scale == 1.0;
+        if (const auto camera = interiorView(corners, aspect); camera && atItsSize)
             return *camera;
         throw UserError("'" + scene.name + "' has no room to look around in");
     }

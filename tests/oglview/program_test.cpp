@@ -204,7 +204,8 @@ TEST_F(Program, SaysInOneLineWhatIsWrong) {
     ogl::test::writeFile(folder_.file("broken.ifc"), "ISO-10303-21;\nHEADER;\n");
     expectOneLine({"render", folder_.file("broken.ifc"), "-o", out}, "broken.ifc");
     ogl::test::writeFile(folder_.file("cube.obj"), kCube);
-    expectOneLine({"render", folder_.file("cube.obj"), "-o", out, "--view", "inside"},
+    expectOneLine({"render", folder_.file("cube.obj"), "-o", out, "--view", "inside", "--unit",
+                   "cm"},
                   "no room to look around in");
 }
 
