@@ -20,7 +20,8 @@ constexpr const char* kDescription =
     "MODEL is a built-in sample (flat) or a file: IFC, glTF, OBJ, FBX, COLLADA, 3DS, STL, PLY and\n"
     "what else the import library reads. Models are drawn in metres with z up. IFC, glTF and\n"
     "COLLADA files say what they mean. Where a file names no unit, its size decides: up to 100\n"
-    "units wide and 40 high are metres, up to 10,000 centimetres, more millimetres. STL, PLY, OFF,\n"
+    "units wide and 40 high are metres, up to 10,000 centimetres, more millimetres. STL, PLY, "
+    "OFF,\n"
     "AMF and 3MF files have z up, all others y. --unit and --up say otherwise.";
 
 /// What the options are read into before they are understood.
@@ -89,7 +90,8 @@ void addViewOptions(CLI::App& command, Parsed& parsed) {
         ->type_name("X,Y,Z");
     command.add_option("--camera-up", parsed.texts.cameraUp, "Direction that is up in the picture")
         ->type_name("X,Y,Z");
-    command.add_option("--fov", parsed.texts.fieldOfView, "Vertical field of view, 1 to 150 degrees")
+    command
+        .add_option("--fov", parsed.texts.fieldOfView, "Vertical field of view, 1 to 150 degrees")
         ->type_name("DEGREES");
     command
         .add_option("--zoom-window", parsed.texts.zoomWindow,
@@ -117,8 +119,7 @@ void addStyleOptions(CLI::App& command, Parsed& parsed) {
         ->type_name("PATH");
 }
 
-template <class T>
-void checkRange(const char* name, T value, T low, T high) {
+template <class T> void checkRange(const char* name, T value, T low, T high) {
     if (value >= low && value <= high)
         return;
     char text[96];
@@ -219,8 +220,7 @@ Request readCommandLine(int argc, const char* const* argv) {
     render.add_option("-o,--output", parsed.output, "Picture to write, .png or .bmp")
         ->type_name("FILE")
         ->required();
-    render.add_option("--size", parsed.texts.size, "Size in pixels (1600x1200)")
-        ->type_name("WxH");
+    render.add_option("--size", parsed.texts.size, "Size in pixels (1600x1200)")->type_name("WxH");
     render
         .add_option("--antialias", parsed.antialias,
                     "Draw N times as large and average, 1 to 4 (as suits the mode)")

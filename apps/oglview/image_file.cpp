@@ -113,8 +113,8 @@ void checkPictureName(const std::string& path) {
 }
 
 void writePicture(const std::string& path, const Picture& picture) {
-    const Bytes bytes = ogl::host::extensionOf(path) == "png" ? encodePng(picture)
-                                                               : encodeBmp(picture);
+    const Bytes bytes =
+        ogl::host::extensionOf(path) == "png" ? encodePng(picture) : encodeBmp(picture);
     if (bytes.empty())
         failWriting(path, "the picture is too large to encode");
     writeWhole(path, bytes);

@@ -77,7 +77,8 @@ int infoCommand(const std::string& program, const InfoOptions& options) {
     const SceneBuilder& builder = scene.builder;
     printOrigin(scene);
     std::printf("objects    %d\n", builder.objectCount());
-    std::printf("faces      %d\n", static_cast<int>(builder.scene()->geometry.clusters.items.count));
+    std::printf("faces      %d\n",
+                static_cast<int>(builder.scene()->geometry.clusters.items.count));
     std::printf("triangles  %zu\n", builder.triangleCount());
     std::printf("materials  %d\n", usedMaterials(*builder.scene()));
     printBounds(scene);

@@ -39,10 +39,10 @@ constexpr double kHorizontalFieldOfViewDegrees = 74.0;
 struct Place {
     Vec3 eye;
     std::array<double, kRays> sight{};
-    double area = 0.0;     ///< of what is seen around, square metres
+    double area = 0.0; ///< of what is seen around, square metres
     double freeAround = 0.0;
-    int direction = 0;     ///< number of the best direction
-    double seen = 0.0;     ///< how good it is
+    int direction = 0; ///< number of the best direction
+    double seen = 0.0; ///< how good it is
 };
 
 Vec3 rayDirection(int number) {

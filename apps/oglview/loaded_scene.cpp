@@ -79,8 +79,8 @@ LoadedScene loadFile(const std::string& program, const ModelOptions& options,
 }
 
 bool matchesAny(const std::string& name, const std::vector<std::string>& patterns) {
-    return std::ranges::any_of(
-        patterns, [&](const std::string& pattern) { return matches(name, pattern); });
+    return std::ranges::any_of(patterns,
+                               [&](const std::string& pattern) { return matches(name, pattern); });
 }
 
 void checkPatterns(const SceneBuilder& builder, const std::vector<std::string>& patterns) {

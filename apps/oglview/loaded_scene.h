@@ -20,7 +20,7 @@ struct LoadedScene {
     std::string format;                      ///< of the file; empty for samples
     std::string lengthUnit;                  ///< of the file; empty for samples
     bool lengthUnitGuessed = false;
-    ogl::host::Vec3 moved; ///< added to the file's coordinates, metres
+    ogl::host::Vec3 moved;          ///< added to the file's coordinates, metres
     std::vector<std::string> notes; ///< what the user should know, one line each
 };
 

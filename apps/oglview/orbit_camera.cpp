@@ -12,10 +12,10 @@ namespace {
 using ogl::host::Camera;
 using ogl::host::Vec3;
 
-constexpr double kTurnPerHeight = std::numbers::pi;           // radians for a drag over the picture
-constexpr double kSteepest = 0.495 * std::numbers::pi;        // short of straight up or down
-constexpr double kZoomStep = 0.85;                            // distance left after one step
-constexpr double kShortestDistance = 0.3;                     // metres to the target
+constexpr double kTurnPerHeight = std::numbers::pi;    // radians for a drag over the picture
+constexpr double kSteepest = 0.495 * std::numbers::pi; // short of straight up or down
+constexpr double kZoomStep = 0.85;                     // distance left after one step
+constexpr double kShortestDistance = 0.3;              // metres to the target
 
 } // namespace
 
@@ -29,10 +29,10 @@ OrbitCamera::OrbitCamera(const Camera& start, double sceneSize)
         const double distance = length(camera_.target - camera_.eye);
         const Vec3 heading = normalized(Vec3{start.up.x, start.up.y, 0.0});
         const Vec3 along = length(heading) > 0.0 ? heading : Vec3{0.0, 1.0, 0.0};
-        camera_.eye = camera_.target -
-                      (along * std::cos(kSteepest) +
-                       Vec3{0.0, 0.0, std::copysign(std::sin(kSteepest), forward.z)}) *
-                          distance;
+        camera_.eye =
+            camera_.target - (along * std::cos(kSteepest) +
+                              Vec3{0.0, 0.0, std::copysign(std::sin(kSteepest), forward.z)}) *
+                                 distance;
         start_ = camera_;
     }
 }
@@ -51,8 +51,8 @@ Vec3 OrbitCamera::turned(Vec3 direction, double heading, double pitch) const {
     const double oldPitch = std::asin(std::clamp(direction.z / size, -1.0, 1.0));
     const double newPitch = std::clamp(oldPitch + pitch, -kSteepest, kSteepest);
     const double newHeading = oldHeading + heading;
-    return Vec3{std::cos(newPitch) * std::cos(newHeading), std::cos(newPitch) * std::sin(newHeading),
-                std::sin(newPitch)} *
+    return Vec3{std::cos(newPitch) * std::cos(newHeading),
+                std::cos(newPitch) * std::sin(newHeading), std::sin(newPitch)} *
            size;
 }
 

@@ -41,7 +41,8 @@ constexpr ModeName kModes[] = {{"drawing", ogl::kRenderModeDrawing},
 Size parseSize(const std::string& text) {
     Size size;
     const size_t cross = text.find('x');
-    if (cross == std::string::npos || !readAll(std::string_view(text).substr(0, cross), size.width) ||
+    if (cross == std::string::npos ||
+        !readAll(std::string_view(text).substr(0, cross), size.width) ||
         !readAll(std::string_view(text).substr(cross + 1), size.height))
         throw UserError("size '" + text + "' is not of the form WIDTHxHEIGHT");
     if (size.width < 1 || size.height < 1 || size.width > kLargestSide ||

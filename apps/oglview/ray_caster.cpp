@@ -108,8 +108,7 @@ uint32_t RayCaster::build(uint32_t first, uint32_t last) {
 }
 
 /// Calls visit(distance) for triangles along the ray; it returns how far to look from then on.
-template <class Visit>
-void RayCaster::visitHits(Vec3 origin, Vec3 direction, Visit visit) const {
+template <class Visit> void RayCaster::visitHits(Vec3 origin, Vec3 direction, Visit visit) const {
     double farthest = visit(-1.0);
     uint32_t waiting[kDeepestTree];
     size_t count = 0;

@@ -28,8 +28,7 @@ int renderCommand(const std::string& program, const RenderOptions& options) {
     scene.builder.setCamera(chooseCamera(scene, options.view, aspect));
     scene.builder.setViewWindow(options.view.zoomWindow);
 
-    const int factor =
-        drawingFactor(options.antialias, options.style.mode, options.size, limit);
+    const int factor = drawingFactor(options.antialias, options.style.mode, options.size, limit);
     StyleOptions style = options.style;
     style.lineWeight = widenedLineWeight(style.lineWeight, factor);
     applyStyle(scene.builder, style);
@@ -44,8 +43,8 @@ int renderCommand(const std::string& program, const RenderOptions& options) {
     }
     progress.step("writing " + options.output);
     std::vector<uint8_t> pixels;
-    writePicture(options.output, factor > 1 ? shrunk(bitmap.picture(), factor, pixels)
-                                            : bitmap.picture());
+    writePicture(options.output,
+                 factor > 1 ? shrunk(bitmap.picture(), factor, pixels) : bitmap.picture());
     for (const std::string& note : scene.notes)
         std::fprintf(stderr, "oglview: note: %s\n", note.c_str());
     return 0;

@@ -12,7 +12,8 @@ using ogl::host::Vec3;
 template <class T> T elementAt(const ogl::LIST& list, int number) {
     T element;
     const auto* bytes = static_cast<const uint8_t*>(list.data.get());
-    std::memcpy(&element, bytes + static_cast<ptrdiff_t>(number) * list.elementSize, sizeof element);
+    std::memcpy(&element, bytes + static_cast<ptrdiff_t>(number) * list.elementSize,
+                sizeof element);
     return element;
 }
 

@@ -3,8 +3,8 @@
 #include "oglview/commands.h"
 #include "oglview/loaded_scene.h"
 #include "oglview/scene_style.h"
-#include "oglview/viewer_window.h"
 #include "oglview/view_choice.h"
+#include "oglview/viewer_window.h"
 
 #include <cstdio>
 

@@ -77,9 +77,9 @@ Camera generalView(LoadedScene& scene, const std::string& name, double aspect) {
     ogl::host::Box box;
     for (const Vec3& corner : corners)
         box.add(corner);
-    const double fieldOfView =
-        found->parallel ? nearlyParallelFieldOfView(length(box.high - box.low), aspect)
-                        : kOutsideFieldOfView;
+    const double fieldOfView = found->parallel
+                                   ? nearlyParallelFieldOfView(length(box.high - box.low), aspect)
+                                   : kOutsideFieldOfView;
     return fitView(corners, {found->forward, found->up, fieldOfView}, aspect, kMargin);
 }
 

@@ -45,8 +45,8 @@ ModelMaterial readMaterial(const aiMaterial& material) {
         result.opacity = unitRange(opacity, 1.0f);
     aiString alphaMode;
     if (material.Get(AI_MATKEY_GLTF_ALPHAMODE, alphaMode) == AI_SUCCESS)
-        result.opacity = std::string_view(alphaMode.C_Str()) == "BLEND" ? unitRange(color.a, 1.0f)
-                                                                        : 1.0f;
+        result.opacity =
+            std::string_view(alphaMode.C_Str()) == "BLEND" ? unitRange(color.a, 1.0f) : 1.0f;
     aiColor3D emissive(0, 0, 0);
     if (material.Get(AI_MATKEY_COLOR_EMISSIVE, emissive) == AI_SUCCESS)
         result.emission = meanOf(emissive);

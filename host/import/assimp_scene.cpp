@@ -49,9 +49,7 @@ struct Transform {
         };
         return {along(0), along(1), along(2)};
     }
-    Vec3 column(size_t number) const {
-        return {rows[0][number], rows[1][number], rows[2][number]};
-    }
+    Vec3 column(size_t number) const { return {rows[0][number], rows[1][number], rows[2][number]}; }
     double determinant() const { return dot(column(0), cross(column(1), column(2))); }
     /// A surface normal after the transform: times the matrix of cofactors, which mirrors rightly.
     Vec3 normal(const aiVector3D& n) const {
@@ -150,8 +148,8 @@ class SceneReader {
         for (size_t k = 0; k + 2 < part.triangles.size(); k += 3) {
             const uint32_t* corner = &part.triangles[k];
             const Vec3 origin = part.positions[corner[0]];
-            const Vec3 face = normalized(cross(part.positions[corner[1]] - origin,
-                                               part.positions[corner[2]] - origin));
+            const Vec3 face = normalized(
+                cross(part.positions[corner[1]] - origin, part.positions[corner[2]] - origin));
             for (size_t c = 0; c < 3; ++c) {
                 const float* normal = &part.normals[size_t{3} * corner[c]];
                 if (length(face) > 0.0 &&
@@ -179,9 +177,8 @@ class SceneReader {
             const aiFace& face = mesh.mFaces[k];
             if (face.mNumIndices != 3)
                 continue;
-            const std::array<uint32_t, 3> corners = {face.mIndices[0],
-                                                     face.mIndices[mirrored ? 2 : 1],
-                                                     face.mIndices[mirrored ? 1 : 2]};
+            const std::array<uint32_t, 3> corners = {
+                face.mIndices[0], face.mIndices[mirrored ? 2 : 1], face.mIndices[mirrored ? 1 : 2]};
             if (std::ranges::all_of(corners, [&](uint32_t c) {
                     return c < part.positions.size() && isFinite(part.positions[c]);
                 }))

@@ -45,8 +45,8 @@ class UnnamedFile {
         std::vector<std::byte> bytes(static_cast<size_t>(status.st_size));
         size_t done = 0;
         while (done < bytes.size()) {
-            const ssize_t got = pread(file_, bytes.data() + done, bytes.size() - done,
-                                      static_cast<off_t>(done));
+            const ssize_t got =
+                pread(file_, bytes.data() + done, bytes.size() - done, static_cast<off_t>(done));
             if (got < 0 && errno == EINTR)
                 continue;
             if (got <= 0)

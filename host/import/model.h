@@ -22,7 +22,7 @@ struct ModelMaterial {
     float emission = 0.0f;                        ///< mean of the emissive colour, 0 .. 1
     float specular = 0.0f;                        ///< mean of the specular colour, 0 .. 1
     bool twoSided = false;                        ///< drawn from behind too
-    std::string texture; ///< file of the colour image, as the model names it; empty = none
+    std::string texture;      ///< file of the colour image, as the model names it; empty = none
     std::string alphaTexture; ///< file of the opacity image; empty = none
 
     bool operator==(const ModelMaterial&) const = default;
@@ -44,10 +44,10 @@ struct ModelObject {
 };
 
 struct Model {
-    std::string format;           ///< as the importer names it
-    std::string lengthUnit;       ///< unit of the file: "m", "cm", "mm", "in" or "ft"
+    std::string format;             ///< as the importer names it
+    std::string lengthUnit;         ///< unit of the file: "m", "cm", "mm", "in" or "ft"
     bool lengthUnitGuessed = false; ///< from the size, since the file doesn't say
-    Vec3 moved;                   ///< added to every position, since the file lies far from its origin
+    Vec3 moved; ///< added to every position, since the file lies far from its origin
     std::vector<ModelMaterial> materials;
     std::vector<ModelObject> objects;
 };

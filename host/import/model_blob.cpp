@@ -104,7 +104,9 @@ ModelMaterial readMaterial(Reader& in) {
     return material;
 }
 
-bool isUnitRange(float value) { return value >= 0.0f && value <= 1.0f; }
+bool isUnitRange(float value) {
+    return value >= 0.0f && value <= 1.0f;
+}
 
 bool isSound(const ModelMaterial& material) {
     return std::ranges::all_of(material.color, isUnitRange) && isUnitRange(material.opacity) &&

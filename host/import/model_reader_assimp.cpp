@@ -29,8 +29,7 @@ std::string readWithImporter(const std::string& path, const ImportOptions& optio
     importer.SetPropertyInteger(AI_CONFIG_PP_SBP_REMOVE,
                                 aiPrimitiveType_POINT | aiPrimitiveType_LINE);
     importer.SetPropertyBool(AI_CONFIG_IMPORT_IFC_SKIP_SPACE_REPRESENTATIONS, !options.keepHelpers);
-    const aiScene* scene =
-        importer.ReadFile(path, aiProcess_Triangulate | aiProcess_SortByPType);
+    const aiScene* scene = importer.ReadFile(path, aiProcess_Triangulate | aiProcess_SortByPType);
     if (scene == nullptr)
         return oneLine(importer.GetErrorString());
     readScene(*scene, options, model);

@@ -27,8 +27,8 @@ void turnUpright(Model& model) {
                 part.normals[k + 1] = -std::exchange(part.normals[k + 2], part.normals[k + 1]);
 }
 
-void scaleToMetres(const std::string& extension, const ImportOptions& options,
-                   const FileAxes& axes, Model& model) {
+void scaleToMetres(const std::string& extension, const ImportOptions& options, const FileAxes& axes,
+                   Model& model) {
     model.lengthUnit = !options.lengthUnit.empty() ? options.lengthUnit
                        : axes.metresPerUnit        ? nameOfUnit(*axes.metresPerUnit)
                                                    : lengthUnitOfFormat(extension);

@@ -80,8 +80,8 @@ TEST(CameraFit, FillsThePictureUpToTheMargin) {
         EXPECT_LE(std::max({-left, right, -bottom, top}), limit + 1e-6) << row.name;
         const bool across = std::abs(left + limit) < 1e-6 && std::abs(right - limit) < 1e-6;
         const bool along = std::abs(bottom + limit) < 1e-6 && std::abs(top - limit) < 1e-6;
-        EXPECT_TRUE(across || along) << row.name << ": " << left << " .. " << right << ", "
-                                     << bottom << " .. " << top;
+        EXPECT_TRUE(across || along)
+            << row.name << ": " << left << " .. " << right << ", " << bottom << " .. " << top;
     }
 }
 
@@ -115,8 +115,9 @@ TEST(CameraFit, ScalesOnlyWhatDoesNotFitTheDepthRange) {
         double size;
         double scale;
     };
-    for (const Row& row : {Row{17.0, 1.0}, Row{0.5, 1.0}, Row{400.0, 1.0}, Row{0.0, 1.0},
-                           Row{2500.0, 0.1}, Row{40000.0, 0.01}, Row{0.1, 10.0}, Row{0.004, 1000.0}})
+    for (const Row& row :
+         {Row{17.0, 1.0}, Row{0.5, 1.0}, Row{400.0, 1.0}, Row{0.0, 1.0}, Row{2500.0, 0.1},
+          Row{40000.0, 0.01}, Row{0.1, 10.0}, Row{0.004, 1000.0}})
         EXPECT_DOUBLE_EQ(drawingScale(row.size), row.scale) << row.size;
 }
 

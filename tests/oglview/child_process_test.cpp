@@ -94,9 +94,9 @@ TEST(ImportModel, SaysWhatIsWrongWithThePath) {
     Model model;
     EXPECT_NE(importModel(misbehavingChild(), folder.path(), {}, model).find("it is a folder"),
               std::string::npos);
-    EXPECT_NE(importModel(misbehavingChild(), folder.file("none.ifc"), {}, model)
-                  .find("No such file"),
-              std::string::npos);
+    EXPECT_NE(
+        importModel(misbehavingChild(), folder.file("none.ifc"), {}, model).find("No such file"),
+        std::string::npos);
 }
 
 } // namespace

@@ -17,12 +17,42 @@ Request read(std::vector<const char*> words) {
 }
 
 TEST(CommandLine, ReadsARenderCommand) {
-    const Request request =
-        read({"render", "house.ifc", "-o", "house.png", "--mode", "edges", "--size", "640x480",
-              "--camera", "-1,-2,3.5,4,5,6", "--camera-up", "0,1,0", "--fov", "55", "--hide",
-              "IfcSite*", "--hide", "*Dach*", "--unit", "cm", "--up", "z", "--all", "--both-sides",
-              "--hidden-edges", "--round-ends", "--line-weight", "12", "--edge-opacity", "40",
-              "--background", "102030", "--zoom-window", "-0.1,0.2,0.5,0.25", "--samples", "4"});
+    const Request request = read({"render",
+                                  "house.ifc",
+                                  "-o",
+                                  "house.png",
+                                  "--mode",
+                                  "edges",
+                                  "--size",
+                                  "640x480",
+                                  "--camera",
+                                  "-1,-2,3.5,4,5,6",
+                                  "--camera-up",
+                                  "0,1,0",
+                                  "--fov",
+                                  "55",
+                                  "--hide",
+                                  "IfcSite*",
+                                  "--hide",
+                                  "*Dach*",
+                                  "--unit",
+                                  "cm",
+                                  "--up",
+                                  "z",
+                                  "--all",
+                                  "--both-sides",
+                                  "--hidden-edges",
+                                  "--round-ends",
+                                  "--line-weight",
+                                  "12",
+                                  "--edge-opacity",
+                                  "40",
+                                  "--background",
+                                  "102030",
+                                  "--zoom-window",
+                                  "-0.1,0.2,0.5,0.25",
+                                  "--samples",
+                                  "4"});
     const auto* render = std::get_if<RenderOptions>(&request);
     ASSERT_NE(render, nullptr);
     EXPECT_EQ(render->model.model, "house.ifc");

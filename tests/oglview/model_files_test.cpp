@@ -117,8 +117,8 @@ std::string triangleFbx(int upAxis, double unit) {
     return "; FBX 7.3.0 project file\nFBXHeaderExtension: { FBXVersion: 7300 }\n"
            "GlobalSettings: { Version: 1000\nProperties70: {\n"
            "P: \"UpAxis\", \"int\", \"Integer\", \"\"," +
-           std::to_string(upAxis) +
-           "\nP: \"UnitScaleFactor\", \"double\", \"Number\", \"\"," + std::to_string(unit) +
+           std::to_string(upAxis) + "\nP: \"UnitScaleFactor\", \"double\", \"Number\", \"\"," +
+           std::to_string(unit) +
            "\n} }\nObjects: {\nGeometry: 11, \"Geometry::\", \"Mesh\" {\n"
            "Vertices: *9 { a: 0,0,0,300,0,0,0,200,0 }\nPolygonVertexIndex: *3 { a: 0,1,-3 }\n"
            "GeometryVersion: 124\n}\n"
@@ -133,8 +133,9 @@ TEST_F(ModelFiles, FollowsAxisAndUnitThatAFileNames) {
         const char* unitName;
         Vec3 size;
     };
-    for (const Row& row : {Row{1, 1.0, "cm", {3, 0, 2}}, Row{2, 1.0, "cm", {3, 2, 0}},
-                           Row{1, 2.54, "in", {7.62, 0, 5.08}}, Row{1, 5.0, "0.05 m", {15, 0, 10}}}) {
+    for (const Row& row :
+         {Row{1, 1.0, "cm", {3, 0, 2}}, Row{2, 1.0, "cm", {3, 2, 0}},
+          Row{1, 2.54, "in", {7.62, 0, 5.08}}, Row{1, 5.0, "0.05 m", {15, 0, 10}}}) {
         const Model model = import(write("sail.fbx", triangleFbx(row.upAxis, row.unit)));
         EXPECT_EQ(model.lengthUnit, row.unitName);
         EXPECT_LT(length(sizeOf(model) - row.size), 1e-4) << row.upAxis << " " << row.unit;
@@ -240,16 +241,16 @@ TEST_F(ModelFiles, AppliesNodeTransformsAndKeepsMirroredFacesOutside) {
         EXPECT_LT(length(box.low - rows[k].low), 1e-5) << object.name;
         EXPECT_LT(length(box.high - rows[k].high), 1e-5) << object.name;
         const Vec3 a = part.positions[part.triangles[0]];
-        const Vec3 normal = normalized(cross(part.positions[part.triangles[1]] - a,
-                                             part.positions[part.triangles[2]] - a));
+        const Vec3 normal = normalized(
+            cross(part.positions[part.triangles[1]] - a, part.positions[part.triangles[2]] - a));
         EXPECT_LT(length(normal - rows[k].normal), 1e-5) << object.name;
     }
 }
 
 TEST_F(ModelFiles, BringsFarAwayModelsNear) {
     std::string text = "o far\n";
-    for (const char* corner : {"v 400000 30 -5500000\n", "v 400009 30 -5500000\n",
-                               "v 400000 39 -5500000\n"})
+    for (const char* corner :
+         {"v 400000 30 -5500000\n", "v 400009 30 -5500000\n", "v 400000 39 -5500000\n"})
         text += corner;
     const Model model = import(write("far.obj", text + "f 1 2 3\n"), {"m", 0, false});
     EXPECT_LT(std::abs(boundsOf(model).low.x), 10.0);
@@ -280,8 +281,8 @@ TEST_F(ModelFiles, OneLineForBrokenFiles) {
     };
     for (const Row& row : rows) {
         Model model;
-        const std::string problem = importModel(ogl::test::viewerProgram(),
-                                                write(row.name, row.text), {}, model);
+        const std::string problem =
+            importModel(ogl::test::viewerProgram(), write(row.name, row.text), {}, model);
         EXPECT_TRUE(problem.starts_with("cannot read '")) << row.name << ": " << problem;
         EXPECT_EQ(problem.find('\n'), std::string::npos) << row.name << ": " << problem;
         EXPECT_TRUE(model.objects.empty()) << row.name;
@@ -377,10 +378,14 @@ TEST(LengthUnit, IsGuessedFromTheSize) {
         const char* unit;
     };
     const Row rows[] = {
-        {"house in metres", {12, 10, 7}, "m"},    {"campus in metres", {95, 80, 30}, "m"},
-        {"flat in cm", {1164, 820, 250}, "cm"},   {"house in mm", {12000, 10000, 7000}, "mm"},
-        {"chair in cm", {50, 63, 98}, "cm"},      {"table in cm", {235, 100, 74}, "cm"},
-        {"carpet in cm", {200, 140, 1.5}, "cm"},  {"cup in metres", {0.1, 0.1, 0.12}, "m"},
+        {"house in metres", {12, 10, 7}, "m"},
+        {"campus in metres", {95, 80, 30}, "m"},
+        {"flat in cm", {1164, 820, 250}, "cm"},
+        {"house in mm", {12000, 10000, 7000}, "mm"},
+        {"chair in cm", {50, 63, 98}, "cm"},
+        {"table in cm", {235, 100, 74}, "cm"},
+        {"carpet in cm", {200, 140, 1.5}, "cm"},
+        {"cup in metres", {0.1, 0.1, 0.12}, "m"},
         {"point", {0, 0, 0}, "m"},
     };
     for (const Row& row : rows)

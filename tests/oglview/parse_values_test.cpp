@@ -16,8 +16,8 @@ TEST(ParseValues, TakesWellFormedSizes) {
         int width;
         int height;
     };
-    for (const Row& row : {Row{"1024x768", 1024, 768}, Row{"1x1", 1, 1},
-                           Row{"16384x16384", 16384, 16384}}) {
+    for (const Row& row :
+         {Row{"1024x768", 1024, 768}, Row{"1x1", 1, 1}, Row{"16384x16384", 16384, 16384}}) {
         const Size size = parseSize(row.text);
         EXPECT_EQ(size.width, row.width) << row.text;
         EXPECT_EQ(size.height, row.height) << row.text;
@@ -25,14 +25,14 @@ TEST(ParseValues, TakesWellFormedSizes) {
 }
 
 TEST(ParseValues, RefusesEverythingElse) {
-    for (const char* text : {"", "x", "640", "640x", "x480", "640x480x", "640x480 ", " 640x480",
-                             "0x480", "640x0", "-640x480", "640X480", "6e2x480", "16385x1",
-                             "99999999999x1"})
+    for (const char* text :
+         {"", "x", "640", "640x", "x480", "640x480x", "640x480 ", " 640x480", "0x480", "640x0",
+          "-640x480", "640X480", "6e2x480", "16385x1", "99999999999x1"})
         EXPECT_THROW(parseSize(text), UserError) << "'" << text << "'";
     for (const char* text : {"", "fff", "#fff", "gggggg", "1234567", "12 456", "+12345", "0x1234"})
         EXPECT_THROW(parseColor(text), UserError) << "'" << text << "'";
-    for (const char* text : {"", "1,2", "1,2,3,4", "1,,3", "1,2,", ",1,2", "1,2,x", "1,2,nan",
-                             "1,2,inf", "1 2 3"})
+    for (const char* text :
+         {"", "1,2", "1,2,3,4", "1,,3", "1,2,", ",1,2", "1,2,x", "1,2,nan", "1,2,inf", "1 2 3"})
         EXPECT_THROW(parsePoint(text, "--eye"), UserError) << "'" << text << "'";
     for (const char* text : {"", "photo", "Drawing", "10"})
         EXPECT_THROW(parseMode(text), UserError) << "'" << text << "'";

@@ -36,7 +36,8 @@ struct Image {
     bool hasLineNear(int x, int y) const {
         for (int dy = -1; dy <= 1; ++dy)
             for (int dx = -1; dx <= 1; ++dx)
-                if (at(std::clamp(x + dx, 0, width - 1), std::clamp(y + dy, 0, height - 1))[1] < 170)
+                if (at(std::clamp(x + dx, 0, width - 1), std::clamp(y + dy, 0, height - 1))[1] <
+                    170)
                     return true;
         return false;
     }
@@ -125,10 +126,9 @@ TEST_F(Program, DrawsACubeExactlyWhereItIs) {
     const std::string path = folder_.file("cube.png");
     // From the front at 11 m with a field of view that shows 4 m at the front face, 10 m away:
     // 2 atan(0.2) = 22.6198649 degrees. The face is then half as high as the picture.
-    const ProcessResult result =
-        run({"render", folder_.file("cube.obj"), "-o", path, "--size", "400x400", "--camera",
-             "0,-11,0,0,0,0", "--fov", "22.6198649", "--line-weight", "16", "--edge-opacity",
-             "100"});
+    const ProcessResult result = run({"render", folder_.file("cube.obj"), "-o", path, "--size",
+                                      "400x400", "--camera", "0,-11,0,0,0,0", "--fov", "22.6198649",
+                                      "--line-weight", "16", "--edge-opacity", "100"});
     ASSERT_EQ(result.exitCode, 0) << result.output;
     const Image image = readImage(path);
     ASSERT_EQ(image.width, 400);
@@ -204,9 +204,9 @@ TEST_F(Program, SaysInOneLineWhatIsWrong) {
     ogl::test::writeFile(folder_.file("broken.ifc"), "ISO-10303-21;\nHEADER;\n");
     expectOneLine({"render", folder_.file("broken.ifc"), "-o", out}, "broken.ifc");
     ogl::test::writeFile(folder_.file("cube.obj"), kCube);
-    expectOneLine({"render", folder_.file("cube.obj"), "-o", out, "--view", "inside", "--unit",
-                   "cm"},
-                  "no room to look around in");
+    expectOneLine(
+        {"render", folder_.file("cube.obj"), "-o", out, "--view", "inside", "--unit", "cm"},
+        "no room to look around in");
 }
 
 } // namespace

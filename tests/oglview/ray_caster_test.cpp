@@ -15,8 +15,8 @@ using ogl::host::Vec3;
 TriangleCorners stackOfFloors(std::initializer_list<double> heights) {
     TriangleCorners corners;
     for (const double z : heights)
-        corners.insert(corners.end(), {{-2, -2, z}, {2, -2, z}, {2, 2, z}, {-2, -2, z}, {2, 2, z},
-                                       {-2, 2, z}});
+        corners.insert(corners.end(),
+                       {{-2, -2, z}, {2, -2, z}, {2, 2, z}, {-2, -2, z}, {2, 2, z}, {-2, 2, z}});
     return corners;
 }
 
