@@ -8,9 +8,13 @@ include(GNUInstallDirs)
 set(OGL_HEADERS ${CMAKE_INSTALL_INCLUDEDIR}/ogl-${PROJECT_VERSION})
 set(OGL_PACKAGE ${CMAKE_INSTALL_LIBDIR}/cmake/ogl)
 
-set_target_properties(ogl_host PROPERTIES EXPORT_NAME host)
-install(TARGETS ogl ogl_host ogl_memory32 ogl_options ogl_system EXPORT oglTargets
-        INCLUDES DESTINATION ${OGL_HEADERS})
+set(OGL_INSTALLED ogl)
+if(NOT WIN32)
+    # A static library of MinGW's is of no use to a host built with another compiler.
+    list(APPEND OGL_INSTALLED ogl_host ogl_memory32 ogl_options ogl_system)
+    set_target_properties(ogl_host PROPERTIES EXPORT_NAME host)
+endif()
+install(TARGETS ${OGL_INSTALLED} EXPORT oglTargets INCLUDES DESTINATION ${OGL_HEADERS})
 install(DIRECTORY include/ogl DESTINATION ${OGL_HEADERS})
 install(FILES
     host/sample_flat.h
