@@ -10,6 +10,14 @@
 using ogl::test::TestContext;
 using ogl::test::TestWindow;
 
+namespace {
+
+LRESULT CALLBACK refuseCreation(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    return message == WM_CREATE ? -1 : DefWindowProcA(window, message, wParam, lParam);
+}
+
+} // namespace
+
 TEST(Windows, ClassesAndProceduresDecideWhatIsCreated) {
     EXPECT_EQ(CreateWindowExA(0, "OglNoSuchClass", "", WS_OVERLAPPEDWINDOW, 0, 0, 10, 10, nullptr,
                               nullptr, GetModuleHandleA(nullptr), nullptr),
@@ -19,9 +27,7 @@ TEST(Windows, ClassesAndProceduresDecideWhatIsCreated) {
     windowClass.cbSize = sizeof windowClass;
     windowClass.hInstance = GetModuleHandleA(nullptr);
     windowClass.lpszClassName = "OglRefusing";
-    windowClass.lpfnWndProc = [](HWND window, UINT message, WPARAM w, LPARAM l) -> LRESULT {
-        return message == WM_CREATE ? -1 : DefWindowProcA(window, message, w, l);
-    };
+    windowClass.lpfnWndProc = refuseCreation;
     ASSERT_NE(RegisterClassExA(&windowClass), 0);
     EXPECT_EQ(RegisterClassExA(&windowClass), 0); // the name is taken
     EXPECT_EQ(CreateWindowExA(0, "OglRefusing", "", WS_OVERLAPPEDWINDOW, 0, 0, 10, 10, nullptr,
@@ -184,22 +190,26 @@ TEST(Windows, AnotherThreadsWindowDrawsResizesAndEnds) {
     EXPECT_TRUE(CloseHandle(thread));
 }
 
+namespace {
+
+std::atomic<bool> loopIsReady = false;
+
+DWORD WINAPI countMessages(LPVOID) {
+    MSG message;
+    PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE); // makes the queue
+    loopIsReady = true;
+    DWORD others = 0;
+    while (GetMessageA(&message, nullptr, 0, 0) > 0)
+        ++others;
+    return others;
+}
+
+} // namespace
+
 TEST(Windows, QuitPostedToAThreadEndsItsLoop) {
     DWORD threadId = 0;
-    static std::atomic<bool> ready = false;
-    const HANDLE thread = CreateThread(
-        nullptr, 0,
-        [](LPVOID) -> DWORD {
-            MSG message;
-            PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE); // makes the queue
-            ready = true;
-            int others = 0;
-            while (GetMessageA(&message, nullptr, 0, 0) > 0)
-                ++others;
-            return static_cast<DWORD>(others);
-        },
-        nullptr, 0, &threadId);
-    for (int waited = 0; !ready && waited < 1000; ++waited)
+    const HANDLE thread = CreateThread(nullptr, 0, countMessages, nullptr, 0, &threadId);
+    for (int waited = 0; !loopIsReady && waited < 1000; ++waited)
         Sleep(5);
     EXPECT_TRUE(PostThreadMessageA(threadId, WM_APP, 0, 0));
     EXPECT_TRUE(PostThreadMessageA(threadId, WM_QUIT, 0, 0));

@@ -128,24 +128,32 @@ TEST(Time, CounterRunsAtItsFrequency) {
     EXPECT_LT(seconds, 5.0);
 }
 
-TEST(Threads, ResultIdAndEndReachTheStarter) {
-    static DWORD runningOn = 0;
+namespace {
+
+struct ThreadNotes {
     DWORD id = 0;
-    const HANDLE thread = CreateThread(
-        nullptr, 0,
-        [](LPVOID parameter) -> DWORD {
-            runningOn = GetCurrentThreadId();
-            Sleep(80);
-            return *static_cast<DWORD*>(parameter) + 1;
-        },
-        &id, 0, &id);
+    DWORD runningOn = 0;
+};
+
+DWORD WINAPI noteThread(LPVOID parameter) {
+    auto* notes = static_cast<ThreadNotes*>(parameter);
+    notes->runningOn = GetCurrentThreadId();
+    Sleep(80);
+    return notes->id + 1;
+}
+
+} // namespace
+
+TEST(Threads, ResultIdAndEndReachTheStarter) {
+    ThreadNotes notes;
+    const HANDLE thread = CreateThread(nullptr, 0, noteThread, &notes, 0, &notes.id);
     ASSERT_NE(thread, nullptr);
     EXPECT_EQ(WaitForSingleObject(thread, 0), static_cast<DWORD>(WAIT_TIMEOUT));
     EXPECT_EQ(WaitForSingleObject(thread, INFINITE), static_cast<DWORD>(WAIT_OBJECT_0));
     DWORD result = 0;
     ASSERT_TRUE(GetExitCodeThread(thread, &result));
-    EXPECT_EQ(runningOn, id);
-    EXPECT_EQ(result, id + 1);
+    EXPECT_EQ(notes.runningOn, notes.id);
+    EXPECT_EQ(result, notes.id + 1);
     EXPECT_TRUE(CloseHandle(thread));
     EXPECT_EQ(WaitForSingleObject(nullptr, 0), static_cast<DWORD>(WAIT_FAILED));
 }
