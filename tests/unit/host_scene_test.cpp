@@ -192,10 +192,21 @@ TEST(HostScene, FacesOfSeveralObjectsKeepTheirLists) {
     builder.addMaterial({});
     for (int i = 0; i < 3; ++i) {
         const ObjectId object = builder.addObject("o" + std::to_string(i));
-        for (int k = 0; k <= i; ++k)
-            ASSERT_TRUE(builder.addPolygon(object, square(1.0 + i, 10.0 * i + k)));
+        for (int k = 0; k <= i; ++k) {
+            Polygon polygon = square(1.0 + i, 10.0 * i + k);
+            polygon.textureMap = TextureMap{{0, 0, -10.0 * i - k}, {}, {0, 0, 1}};
+            ASSERT_TRUE(builder.addPolygon(object, polygon));
+        }
     }
     const SCENE* scene = builder.build();
+    const SceneLists lists(*scene);
+    for (int f = 0; f < lists.faces.items().size(); ++f) {
+        const FACE& face = *lists.faces.items().at(f);
+        const TEXCOORD* texCoord = lists.texCoords.at(face.texCoordIndex);
+        ASSERT_NE(texCoord, nullptr);
+        const FaceTriangles triangles = faceTriangles(lists, f, face.flags);
+        EXPECT_NEAR(texCoord->v, 2.0 * readVectors(triangles.positions, 1)[0].z, 1e-4);
+    }
     for (int i = 0; i < 3; ++i) {
         const auto faces = readObject(*scene, i);
         ASSERT_EQ(faces.size(), static_cast<size_t>(i) + 1);
