@@ -7,21 +7,15 @@
 
 #include <cstdio>
 
-#if defined(_WIN32)
-#define TRACE_EXPORT extern "C" __declspec(dllexport)
-#else
-#define TRACE_EXPORT extern "C" __attribute__((visibility("default")))
-#endif
-
 #ifdef TRACE_NAME
-TRACE_EXPORT int WINAPI D3DLL_DEBUG_WriteString(int first, const char* operation, const char* phase,
-                                                int last) {
+extern "C" int WINAPI D3DLL_DEBUG_WriteString(int first, const char* operation, const char* phase,
+                                              int last) {
     std::printf("%s: %d|%s|%s|%d\n", TRACE_NAME, first, operation, phase, last);
     std::fflush(stdout);
     return 1;
 }
 #else
-TRACE_EXPORT int unrelated() {
+extern "C" int unrelated() {
     return 0;
 }
 #endif
