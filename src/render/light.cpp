@@ -78,9 +78,11 @@ SpotLight::SpotLight() : ShadowLight(LightKind::Spot, std::make_unique<Perspecti
 std::array<float, 2> hammersley(unsigned k) {
     float mirrored = 0.0f;
     float digit = 0.5f;
-    for (unsigned rest = k; rest != 0; rest >>= 1, digit *= 0.5f)
+    for (unsigned rest = k; rest != 0; rest >>= 1) {
         if ((rest & 1u) != 0)
             mirrored += digit;
+        digit *= 0.5f;
+    }
     return {mirrored, (static_cast<float>(k) + 0.5f) / static_cast<float>(kShadowSampleCount)};
 }
 

@@ -26,7 +26,7 @@ struct DeviceContext {
 };
 
 /// The live record behind a handle; null for anything else.
-DeviceContext* findDeviceContext(HDC dc);
+DeviceContext* findDeviceContext(HDC handle);
 
 /// Makes the child as large as its window, and gives it a new GLX drawable then: drivers ask for a
 /// drawable's size only now and then (Mesa after a swap), but always for a new one. So the back

@@ -99,6 +99,8 @@ bool queryPointer(Display* x, Pointer& pointer) {
                          &windowY, &pointer.buttons) != 0;
 }
 
+/// Destroyed by its last Release() alone.
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor)
 template <class Interface> class Counted : public Interface {
   public:
     ULONG AddRef() override { return ++references_; }

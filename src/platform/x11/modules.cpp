@@ -124,7 +124,9 @@ BOOL FreeLibrary(HMODULE module) {
     return module && dlclose(module) == 0 ? TRUE : FALSE;
 }
 
-// What Windows does for every module: tell it when it comes and goes.
+// What Windows does for every module: tell it when it comes and goes. Weak here, since not every
+// program has one.
+// NOLINTNEXTLINE(readability-redundant-declaration)
 extern "C" __attribute__((weak)) BOOL WINAPI DllMain(HINSTANCE, DWORD, LPVOID);
 
 namespace {

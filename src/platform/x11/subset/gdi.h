@@ -115,15 +115,15 @@ inline constexpr DWORD FF_DONTCARE = 0;
 
 /// The window's device context: one per window, counted. Null when there is no such window.
 HDC GetDC(HWND window);
-int ReleaseDC(HWND window, HDC dc);
+int ReleaseDC(HWND window, HDC handle);
 /// The best pixel format (1, 2, ...) for a descriptor, 0 when none fits.
 int ChoosePixelFormat(HDC dc, const PIXELFORMATDESCRIPTOR* descriptor);
 /// The number of formats; fills `descriptor` when it is not null. 0 on failure.
-int DescribePixelFormat(HDC dc, int format, UINT size, PIXELFORMATDESCRIPTOR* descriptor);
-int GetPixelFormat(HDC dc);
+int DescribePixelFormat(HDC dc, int number, UINT size, PIXELFORMATDESCRIPTOR* descriptor);
+int GetPixelFormat(HDC handle);
 /// A window takes one pixel format for its life.
-BOOL SetPixelFormat(HDC dc, int format, const PIXELFORMATDESCRIPTOR* descriptor);
-BOOL SwapBuffers(HDC dc);
+BOOL SetPixelFormat(HDC handle, int format, const PIXELFORMATDESCRIPTOR* descriptor);
+BOOL SwapBuffers(HDC handle);
 
 // Objects -------------------------------------------------------------------------------------
 
@@ -137,5 +137,5 @@ HFONT CreateFontA(int height, int width, int escapement, int orientation, int we
                   DWORD underline, DWORD strikeOut, DWORD charSet, DWORD outPrecision,
                   DWORD clipPrecision, DWORD quality, DWORD pitchAndFamily, LPCSTR face);
 /// Selects a font. The font selected before (never null for a live `dc`), null on failure.
-HGDIOBJ SelectObject(HDC dc, HGDIOBJ object);
-BOOL DeleteObject(HGDIOBJ object);
+HGDIOBJ SelectObject(HDC handle, HGDIOBJ object);
+BOOL DeleteObject(HGDIOBJ handle);

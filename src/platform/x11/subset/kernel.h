@@ -22,10 +22,10 @@ inline constexpr DWORD STILL_ACTIVE = 259;
 /// The handle is closed with CloseHandle, which does not end the thread.
 HANDLE CreateThread(LPSECURITY_ATTRIBUTES security, SIZE_T stackSize, LPTHREAD_START_ROUTINE start,
                     LPVOID parameter, DWORD flags, LPDWORD threadId);
-BOOL GetExitCodeThread(HANDLE thread, LPDWORD exitCode);
+BOOL GetExitCodeThread(HANDLE handle, LPDWORD exitCode);
 /// Waits until the thread has ended: WAIT_OBJECT_0, WAIT_TIMEOUT or WAIT_FAILED.
-DWORD WaitForSingleObject(HANDLE thread, DWORD milliseconds);
-BOOL CloseHandle(HANDLE thread);
+DWORD WaitForSingleObject(HANDLE handle, DWORD milliseconds);
+BOOL CloseHandle(HANDLE handle);
 DWORD GetCurrentThreadId();
 void Sleep(DWORD milliseconds);
 
@@ -83,8 +83,8 @@ BOOL FreeLibrary(HMODULE module);
 
 /// Resources of the module that holds this code; any other module has none.
 HRSRC FindResourceA(HMODULE module, LPCSTR name, LPCSTR type);
-DWORD SizeofResource(HMODULE module, HRSRC resource);
-HGLOBAL LoadResource(HMODULE module, HRSRC resource);
+DWORD SizeofResource(HMODULE module, HRSRC handle);
+HGLOBAL LoadResource(HMODULE module, HRSRC handle);
 LPVOID LockResource(HGLOBAL data);
 
 /// Called, when the program or library that holds this code defines it, as it is loaded and

@@ -131,8 +131,8 @@ inline constexpr int IDOK = 1;
 // Window classes ------------------------------------------------------------------------------
 
 /// 0 when the name is missing, has a class already, or the structure's size is wrong.
-ATOM RegisterClassA(const WNDCLASSA* windowClass);
-ATOM RegisterClassExA(const WNDCLASSEXA* windowClass);
+ATOM RegisterClassA(const WNDCLASSA* c);
+ATOM RegisterClassExA(const WNDCLASSEXA* c);
 /// FALSE when there is no such class or a window of it still exists.
 BOOL UnregisterClassA(LPCSTR name, HINSTANCE instance);
 

@@ -10,14 +10,14 @@ using PROC = INT_PTR(WINAPI*)();
 
 /// Contexts need a device context whose pixel format is set. All share one set of GL objects.
 HGLRC wglCreateContext(HDC dc);
-BOOL wglDeleteContext(HGLRC context);
-BOOL wglMakeCurrent(HDC dc, HGLRC context);
+BOOL wglDeleteContext(HGLRC handle);
+BOOL wglMakeCurrent(HDC handle, HGLRC context);
 HGLRC wglGetCurrentContext();
 HDC wglGetCurrentDC();
 /// TRUE for two live contexts: sharing is there from the start.
 BOOL wglShareLists(HGLRC first, HGLRC second);
 /// Display lists from `listBase` on, one bitmap glyph each, of the font selected into `dc`.
-BOOL wglUseFontBitmapsA(HDC dc, DWORD first, DWORD count, DWORD listBase);
+BOOL wglUseFontBitmapsA(HDC handle, DWORD first, DWORD count, DWORD listBase);
 PROC wglGetProcAddress(LPCSTR name);
 
 inline constexpr int WGL_DRAW_TO_WINDOW_ARB = 0x2001;
