@@ -14,10 +14,7 @@ constexpr double kBaseWidth = 0.6;
 
 } // namespace
 
-int drawingFactor(int wanted, int32_t mode, const Size& size, const Size& limit) {
-    // Lines of the edge renderer are always one pixel wide: averaged over more they fade away.
-    if (wanted == 0)
-        wanted = mode == ogl::kRenderModeEdges ? 2 : 3;
+int drawingFactor(int wanted, const Size& size, const Size& limit) {
     return std::max(1, std::min({wanted, limit.width / size.width, limit.height / size.height}));
 }
 

@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
 //
-// Smooth lines from any driver: the picture is drawn larger and averaged. Software drivers accept
-// multisampled windows without drawing more than one sample in them.
+// Smooth lines from any driver: the picture is drawn larger and averaged. Software drivers offer
+// few samples per pixel, and edges right behind a surface shine through less where pixels are
+// small.
 #pragma once
 
 #include "oglview/image_file.h"
@@ -13,9 +14,9 @@ namespace oglview {
 /// The most times that a picture is drawn larger.
 inline constexpr int kLargestFactor = 4;
 
-/// How many times larger to draw: `wanted`, or for 0 what suits the mode, as far as `limit`, the
-/// largest size that can be drawn, allows. At least 1.
-int drawingFactor(int wanted, int32_t mode, const Size& size, const Size& limit);
+/// How many times larger to draw: `wanted` as far as `limit`, the largest size that can be drawn,
+/// allows. At least 1.
+int drawingFactor(int wanted, const Size& size, const Size& limit);
 
 /// The line weight that gives lines `factor` times as wide as `lineWeight` does.
 int widenedLineWeight(int lineWeight, int factor);

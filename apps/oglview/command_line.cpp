@@ -48,7 +48,7 @@ struct Parsed {
     StyleOptions style;
     LibraryOptions library;
     std::string output;
-    int antialias = 0;
+    int antialias = RenderOptions{}.antialias;
     bool listObjects = false;
 };
 
@@ -223,7 +223,7 @@ Request readCommandLine(int argc, const char* const* argv) {
     render.add_option("--size", parsed.texts.size, "Size in pixels (1600x1200)")->type_name("WxH");
     render
         .add_option("--antialias", parsed.antialias,
-                    "Draw N times as large and average, 1 to 4 (as suits the mode)")
+                    "Draw N times as large and average, 1 to 4 (2)")
         ->type_name("N");
     addViewOptions(render, parsed);
     addStyleOptions(render, parsed);
@@ -255,8 +255,7 @@ Request readCommandLine(int argc, const char* const* argv) {
     }
     RenderOptions options{parsed.model, parsed.view, parsed.style, parsed.library, parsed.output};
     options.size = sized ? parseSize(parsed.texts.size) : options.size;
-    if (render.count("--antialias") != 0)
-        checkRange("--antialias", parsed.antialias, 1, kLargestFactor);
+    checkRange("--antialias", parsed.antialias, 1, kLargestFactor);
     options.antialias = parsed.antialias;
     return options;
 }

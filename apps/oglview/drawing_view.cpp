@@ -25,8 +25,7 @@ fs::path newTemporaryFolder() {
     std::random_device random;
     for (int attempt = 0; attempt < 100; ++attempt) {
         std::error_code error;
-        const fs::path path =
-            fs::temp_directory_path(error) / ("oglview-" + std::to_string(random()));
+        fs::path path = fs::temp_directory_path(error) / ("oglview-" + std::to_string(random()));
         if (!error && fs::create_directory(path, error))
             return path;
     }

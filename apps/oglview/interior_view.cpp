@@ -108,11 +108,16 @@ std::vector<Place> findPlaces(const RayCaster& rays, const Box& box) {
     const double step = std::max(0.25, std::max(size.x, size.y) / kPlacesAcross);
     std::vector<Place> places;
     // Off the round numbers, on which walls and their edges like to lie.
-    for (double x = box.low.x + 0.437 * step; x < box.high.x; x += step)
-        for (double y = box.low.y + 0.571 * step; y < box.high.y; y += step)
+    const int columns = static_cast<int>(size.x / step) + 1;
+    const int rows = static_cast<int>(size.y / step) + 1;
+    for (int column = 0; column < columns; ++column)
+        for (int row = 0; row < rows; ++row) {
+            const double x = box.low.x + (column + 0.437) * step;
+            const double y = box.low.y + (row + 0.571) * step;
             for (const double floor : floorsAt(rays, box, x, y))
                 if (auto place = lookAround(rays, {x, y, floor + kEyeHeight}))
                     places.push_back(*place);
+        }
     return places;
 }
 

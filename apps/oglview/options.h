@@ -52,7 +52,7 @@ struct RenderOptions {
     LibraryOptions library;
     std::string output;
     Size size{1600, 1200};
-    int antialias = 0; ///< drawn so many times larger and averaged; 0 = as suits the mode
+    int antialias = 2; ///< drawn so many times larger and averaged
 };
 
 struct ShowOptions {

@@ -28,7 +28,7 @@ int renderCommand(const std::string& program, const RenderOptions& options) {
     scene.builder.setCamera(chooseCamera(scene, options.view, aspect));
     scene.builder.setViewWindow(options.view.zoomWindow);
 
-    const int factor = drawingFactor(options.antialias, options.style.mode, options.size, limit);
+    const int factor = drawingFactor(options.antialias, options.size, limit);
     StyleOptions style = options.style;
     style.lineWeight = widenedLineWeight(style.lineWeight, factor);
     applyStyle(scene.builder, style);

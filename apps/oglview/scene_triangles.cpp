@@ -7,8 +7,6 @@
 namespace oglview {
 namespace {
 
-using ogl::host::Vec3;
-
 template <class T> T elementAt(const ogl::LIST& list, int number) {
     T element;
     const auto* bytes = static_cast<const uint8_t*>(list.data.get());

@@ -99,6 +99,7 @@ ChildResult runChild(const std::string& program, const std::vector<std::string>&
     words.insert(words.end(), arguments.begin(), arguments.end());
     words.push_back("/dev/fd/" + std::to_string(output.get()));
     std::vector<char*> pointers;
+    pointers.reserve(words.size() + 1);
     for (std::string& word : words)
         pointers.push_back(word.data());
     pointers.push_back(nullptr);

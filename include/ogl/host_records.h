@@ -325,7 +325,7 @@ static_assert(sizeof(LOOPSTYLE) == 32);
 /// Element of geometry.texCoords.
 struct OGL_PACKED TEXCOORD {
     float u; ///< to the right
-    float v; ///< downwards in the image
+    float v; ///< upwards in the image
 };
 static_assert(offsetof(TEXCOORD, u) == 0);
 static_assert(offsetof(TEXCOORD, v) == 4);

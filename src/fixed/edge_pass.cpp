@@ -93,6 +93,8 @@ void EdgePass::drawSilhouettes() const {
     drawUnbound(*silhouettes);
     glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
 
+    // Mesa's software driver offsets lines too: edge-on faces then show through walls as dashes.
+    glDisable(GL_POLYGON_OFFSET_FILL);
     glLineWidth(1.5f * style.width);
     glPolygonMode(GL_FRONT_AND_BACK, GL_LINE);
     glCullFace(GL_FRONT);
@@ -102,7 +104,6 @@ void EdgePass::drawSilhouettes() const {
     glCullFace(GL_BACK);
     glDisable(GL_CULL_FACE);
     glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
-    glDisable(GL_POLYGON_OFFSET_FILL);
     glDisable(GL_POLYGON_OFFSET_LINE);
 }
 
