@@ -40,7 +40,7 @@ class LoopGrid {
   private:
     // One power of two of headroom keeps sums of grid coordinates within 32 bits.
     bool inRange(double v) const {
-        return std::fabs(v / step_) < std::numeric_limits<int32_t>::max() / 2;
+        return std::fabs(v / step_) < std::numeric_limits<int32_t>::max() * 0.5;
     }
     int32_t toInteger(double v) const { return static_cast<int32_t>(std::llround(v / step_)); }
 

@@ -138,9 +138,13 @@ void addTerraceAndGarden(const FlatSite& flat) {
     MeshBrush brush;
     // Boards across the terrace, and the frame that they lie on.
     constexpr double kBoard = 0.14;
+    constexpr double kGap = 0.006;
+    constexpr int kBoards = 54;
     brush.setPaint(p.deck);
-    for (double x = 0.3; x + kBoard < 8.3; x += kBoard + 0.006)
+    for (int board = 0; board < kBoards; ++board) {
+        const double x = 0.3 + board * (kBoard + kGap);
         brush.box({x, -2.7, -0.05}, {x + kBoard, -0.01, -0.02});
+    }
     brush.setPaint(p.walnut);
     brush.box({0.34, -2.66, -0.34}, {8.22, -0.05, -0.055});
     flat.place("terrace", brush);

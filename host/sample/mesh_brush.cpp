@@ -318,7 +318,9 @@ void MeshBrush::loft(const std::vector<std::vector<Vec3>>& rings, double smoothD
 
 void MeshBrush::sheet(const std::vector<Vec3>& points, int rows, int columns,
                       const std::vector<Vec2>& uv) {
-    const auto number = [&](int r, int c) { return static_cast<size_t>(r * columns + c); };
+    const auto number = [&](int r, int c) {
+        return static_cast<size_t>(r) * static_cast<size_t>(columns) + static_cast<size_t>(c);
+    };
     const auto at = [&](int r, int c) {
         return points[number(std::clamp(r, 0, rows - 1), std::clamp(c, 0, columns - 1))];
     };

@@ -46,9 +46,9 @@ class MeshBrush {
     void box(Vec3 low, Vec3 high);
     /// A box with all edges rounded by `radius`.
     void roundedBox(Vec3 low, Vec3 high, double radius, int steps = 3);
-    /// A planar outline pulled along a vector. Sides that meet at less than `smoothDegrees` are
-    /// shaded as one.
-    void extrude(const std::vector<Vec3>& outline, Vec3 along, double smoothDegrees = 0.0);
+    /// A planar outline, `given` either way round, pulled along a vector. Sides that meet at less
+    /// than `smoothDegrees` are shaded as one.
+    void extrude(const std::vector<Vec3>& given, Vec3 along, double smoothDegrees = 0.0);
     /// A profile of (radius, height) turned about the z axis through `center`; its outside is seen
     /// from the right of the profile's direction (a rising profile is seen from outside).
     void lathe(Vec3 center, const std::vector<Vec2>& profile, int segments = 32,

@@ -112,7 +112,7 @@ class LineGraph {
     struct End {
         uint32_t point;
         uint32_t edge;
-        auto operator<=>(const End&) const = default;
+        auto operator<=>(const End&) const = default; // NOLINT(modernize-use-nullptr): a false one
     };
 
     std::span<const End> edgesAt(uint32_t point) const {

@@ -123,7 +123,7 @@ class MeshMaker {
 
 SoupMesh makeSoupMesh(const LoopGrid& grid, const TriangleSoup& soup, const SoupOptions& options,
                       int materialCount, SoupReport& report) {
-    const double limit = grid.step() * (std::numeric_limits<int32_t>::max() / 4);
+    const double limit = grid.step() * (std::numeric_limits<int32_t>::max() * 0.25);
     WeldedPoints welded = weldPoints(soup.positions, options.weldDistance, limit);
     SoupMesh mesh;
     mesh.points = std::move(welded.points);
