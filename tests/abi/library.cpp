@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "abi/library.h"
 
+#include "support/system.h"
+
+#include <filesystem>
 #include <stdexcept>
 #include <string>
 
@@ -16,6 +19,8 @@ template <class Function> void find(HMODULE module, const char* name, Function& 
 }
 
 Library load() {
+    const std::filesystem::path folder = std::filesystem::path(programPath()).parent_path();
+    LoadLibraryA((folder / OGL_SILENT_TRACE).string().c_str());
     Library loaded;
     loaded.module = LoadLibraryA("ogl.dll");
     if (loaded.module == nullptr)

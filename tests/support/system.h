@@ -35,6 +35,10 @@ ProcessResult runProgram(const std::string& program, const std::vector<std::stri
 /// Whether variables for a child reach the graphics driver below it.
 bool childrenPassVariablesToDrivers();
 
+/// Whether the Win32 calls are answered by the platform layer of this repository, or by a system
+/// that has its own ways where Windows leaves room.
+bool platformLayerIsOurs();
+
 /// Of loadable modules, with its dot.
 std::string moduleExtension();
 

@@ -78,6 +78,10 @@ ProcessResult runProgram(const std::string& program, const std::vector<std::stri
     return result;
 }
 
+bool platformLayerIsOurs() {
+    return true;
+}
+
 bool childrenPassVariablesToDrivers() {
     return true;
 }

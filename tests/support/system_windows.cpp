@@ -113,6 +113,10 @@ ProcessResult runProgram(const std::string& program, const std::vector<std::stri
     return result;
 }
 
+bool platformLayerIsOurs() {
+    return false;
+}
+
 bool childrenPassVariablesToDrivers() {
     return false; // Wine's driver sees the environment that Wine itself was started with
 }

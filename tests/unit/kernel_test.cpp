@@ -5,6 +5,8 @@
 #include "platform/resource_text.h"
 #include "platform/win32.h"
 
+#include "support/system.h"
+
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -61,7 +63,10 @@ TEST(Modules, ProgramIsFoundAndNamed) {
     char cut[6];
     EXPECT_EQ(GetModuleFileNameA(program, cut, sizeof cut), sizeof cut);
     EXPECT_EQ(std::string(cut, 5), file.substr(0, 5));
-    EXPECT_EQ(cut[5], '\0');
+    // Windows before Vista, and Wine, do not end a cut name.
+    if (ogl::test::platformLayerIsOurs()) {
+        EXPECT_EQ(cut[5], '\0');
+    }
 }
 
 TEST(Modules, MissingModulesAndFunctionsAreNull) {
