@@ -5,7 +5,6 @@
 #include "oglview/dib_section.h"
 #include "oglview/loaded_scene.h"
 #include "oglview/scene_style.h"
-#include "oglview/system.h"
 #include "oglview/user_error.h"
 #include "oglview/view_choice.h"
 
@@ -16,7 +15,7 @@ namespace oglview {
 
 int renderCommand(const std::string& program, const RenderOptions& options) {
     checkPictureName(options.output);
-    const Size limit = largestPicture();
+    const Size limit{kLargestSide, kLargestSide};
     if (options.size.width > limit.width || options.size.height > limit.height)
         throw UserError("this system draws pictures up to " + std::to_string(limit.width) + " x " +
                         std::to_string(limit.height) + " pixels");

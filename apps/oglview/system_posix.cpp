@@ -10,8 +10,4 @@ bool errorOutputIsTerminal() {
     return isatty(STDERR_FILENO) != 0;
 }
 
-Size largestPicture() {
-    return {kLargestSide, kLargestSide}; // X windows may be larger than the screen
-}
-
 } // namespace oglview

@@ -57,6 +57,7 @@ TEST_F(ViewTest, DrawsEverySizeGrowingAndShrinking) {
     ASSERT_NE(view.get(), nullptr) << view.log();
     for (const auto& [width, height] : {std::pair{320, 240},
                                         {640, 480},
+                                        {1700, 1300},
                                         {641, 200},
                                         {33, 777},
                                         {1200, 900},

@@ -184,8 +184,6 @@ TEST_F(Program, TellsWhatIsInAModel) {
 }
 
 TEST_F(Program, SaysInOneLineWhatIsWrong) {
-    if (!ogl::test::platformLayerIsOurs())
-        GTEST_SKIP() << "known gap: on Windows pictures are limited to the size of the screen";
     const std::string out = folder_.file("out.png");
     expectOneLine({"render", "palace", "-o", out}, "cannot read 'palace'");
     expectOneLine({"render", folder_.file("no.ifc"), "-o", out}, "No such file");
