@@ -7,7 +7,7 @@ namespace ogl::bench {
 namespace {
 
 /// The quadrilateral number `number` of the object that stands at `corner`.
-test::FaceSpec tile(Vec3 corner, int number, int16_t material) {
+test::FaceShape tile(Vec3 corner, int number, int16_t material) {
     const float x = corner.x + static_cast<float>(number % 10) * 0.1f;
     const float y = corner.y + static_cast<float>(number / 10) * 0.1f;
     const float z = corner.z + static_cast<float>(number % 3) * 0.05f;

@@ -9,7 +9,7 @@
 namespace ogl {
 namespace {
 
-using test::FaceSpec;
+using test::FaceShape;
 using test::isFoundNear;
 using test::isNear;
 using test::Picture;
@@ -27,7 +27,7 @@ class EdgeRendererTest : public test::GLTest {
         scene_->geometry().backgroundColor = 0x0000ff;
         scene_->addMaterial(plainMaterial());
     }
-    static FaceSpec colored(FaceSpec face, BGR8 color, bool pen = true) {
+    static FaceShape colored(FaceShape face, BGR8 color, bool pen = true) {
         face.loops[0].style.color = color;
         face.loops[0].style.pen = pen ? 1 : 0;
         face.loops[0].style.penNumber = kLoopNoPen;

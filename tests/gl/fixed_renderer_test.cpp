@@ -12,7 +12,7 @@
 namespace ogl {
 namespace {
 
-using test::FaceSpec;
+using test::FaceShape;
 using test::isFoundNear;
 using test::isNear;
 using test::Picture;
@@ -49,7 +49,7 @@ class FixedRendererTest : public test::GLTest {
         return renderer;
     }
     /// A loop that is not drawn: surfaces alone.
-    static FaceSpec withoutEdges(FaceSpec face) {
+    static FaceShape withoutEdges(FaceShape face) {
         face.loops[0].style.flags = kLoopHidden;
         return face;
     }
@@ -87,7 +87,7 @@ TEST_F(FixedRendererTest, DrawsWhiteSurfacesOnTheBackground) {
     scene_->addObject();
     scene_->addFace(plate(-6, -6, 0, 6, 0, 0));
     scene_->addFace(plate(0, -6, 6, 6, 0, 1));
-    FaceSpec back = plate(7, -6, 9, 6);
+    FaceShape back = plate(7, -6, 9, 6);
     back.triangles = {back.triangles[0], back.triangles[2], back.triangles[1],
                       back.triangles[3], back.triangles[5], back.triangles[4]};
     scene_->addFace(withoutEdges(back));
@@ -137,7 +137,7 @@ TEST_F(FixedRendererTest, DrawsEdgesInInk) {
 
 TEST_F(FixedRendererTest, ColorsEdgesByTheirStylesWhenAsked) {
     scene_->addObject();
-    FaceSpec face = plate(-6, -6, 6, 6);
+    FaceShape face = plate(-6, -6, 6, 6);
     face.loops[0].style.color = {200, 100, 50};
     scene_->addFace(face);
     FixedRenderer& renderer = selectDrawing();
@@ -177,7 +177,7 @@ TEST_F(FixedRendererTest, DashesHiddenEdges) {
 }
 
 /// A sphere of smooth triangles whose top touches the plane z = 0.
-FaceSpec sphere(float radius) {
+FaceShape sphere(float radius) {
     constexpr int kSlices = 48;
     constexpr int kStacks = 12;
     const auto point = [&](int slice, int stack) {
@@ -186,7 +186,7 @@ FaceSpec sphere(float radius) {
         return Vec3{radius * std::cos(around) * std::sin(down),
                     radius * std::sin(around) * std::sin(down), radius * std::cos(down) - radius};
     };
-    FaceSpec face;
+    FaceShape face;
     for (int slice = 0; slice < kSlices; ++slice)
         for (int stack = 0; stack < kStacks * 2; ++stack) {
             const Vec3 a = point(slice, stack), b = point(slice + 1, stack);
@@ -311,7 +311,7 @@ TEST_F(FixedRendererTest, CutsOutByAlphaMapsOnBothSides) {
     leaf.textureIndex = static_cast<int16_t>(scene_->addTexture(slot));
     scene_->addMaterial(leaf);
     scene_->addObject();
-    FaceSpec face = withoutEdges(plate(-6, -4, 2, 4, 0, 1));
+    FaceShape face = withoutEdges(plate(-6, -4, 2, 4, 0, 1));
     std::swap(face.triangles[1], face.triangles[2]); // one triangle shows its back
     std::swap(face.texCoords[1], face.texCoords[2]);
     scene_->addFace(face);

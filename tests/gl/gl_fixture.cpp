@@ -169,7 +169,7 @@ Picture GLTest::drawFrame() {
     return picture;
 }
 
-FaceSpec plate(float left, float bottom, float right, float top, float z, int16_t material) {
+FaceShape plate(float left, float bottom, float right, float top, float z, int16_t material) {
     return quad({left, bottom, z}, {left, top, z}, {right, top, z}, {right, bottom, z}, material);
 }
 

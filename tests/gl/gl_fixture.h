@@ -119,7 +119,7 @@ class GLTest : public testing::Test {
 };
 
 /// The rectangle (left, bottom) to (right, top) at height z, its front to the camera of GLTest.
-FaceSpec plate(float left, float bottom, float right, float top, float z = 0.0f,
-               int16_t material = 0);
+FaceShape plate(float left, float bottom, float right, float top, float z = 0.0f,
+                int16_t material = 0);
 
 } // namespace ogl::test

@@ -59,8 +59,8 @@ MATERIAL plainMaterial() {
     return material;
 }
 
-FaceSpec quad(Vec3 a, Vec3 b, Vec3 c, Vec3 d, int16_t material) {
-    FaceSpec face;
+FaceShape quad(Vec3 a, Vec3 b, Vec3 c, Vec3 d, int16_t material) {
+    FaceShape face;
     face.triangles = {a, b, c, a, c, d};
     face.material = material;
     face.texCoords = {{0, 0}, {1, 0}, {1, 1}, {0, 0}, {1, 1}, {0, 1}};
@@ -139,21 +139,21 @@ int SceneFixture::addObject(uint32_t flags, uint8_t kind) {
     return count(objectRecords_.size()) - 1;
 }
 
-int SceneFixture::addFace(const FaceSpec& spec) {
+int SceneFixture::addFace(const FaceShape& shape) {
     FACE face{};
-    face.flags = spec.flags | (spec.normals.empty() ? 0 : kFaceVertexNormals);
-    face.normal = spec.normal;
-    face.material = spec.material;
-    face.texCoordIndex = spec.texCoords.empty() ? -1 : count(texCoords_.size());
+    face.flags = shape.flags | (shape.normals.empty() ? 0 : kFaceVertexNormals);
+    face.normal = shape.normal;
+    face.material = shape.material;
+    face.texCoordIndex = shape.texCoords.empty() ? -1 : count(texCoords_.size());
     faces_.push_back(face);
-    for (const auto& coord : spec.texCoords)
+    for (const auto& coord : shape.texCoords)
         texCoords_.push_back({coord[0], coord[1]});
     const int32_t firstByte = count(triangleBytes_.size());
-    appendBytes(triangleBytes_, spec.triangles);
-    appendBytes(triangleBytes_, spec.normals);
+    appendBytes(triangleBytes_, shape.triangles);
+    appendBytes(triangleBytes_, shape.normals);
     triangleClusters_.push_back({firstByte, count(triangleBytes_.size()) - firstByte});
-    faceLoops_.push_back({count(loops_.size()), count(spec.loops.size())});
-    for (const LoopSpec& loop : spec.loops) {
+    faceLoops_.push_back({count(loops_.size()), count(shape.loops.size())});
+    for (const LoopShape& loop : shape.loops) {
         loops_.push_back({count(loopPoints_.size()), count(loop.points.size())});
         loopStyles_.push_back(loop.style);
         for (const auto& point : loop.points)

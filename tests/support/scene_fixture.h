@@ -13,19 +13,19 @@
 namespace ogl::test {
 
 /// One outline of a face. Points are in the host's integer units: thousandths at unit scale 1.
-struct LoopSpec {
+struct LoopShape {
     std::vector<std::array<int32_t, 3>> points;
     LOOPSTYLE style;
 };
 
-struct FaceSpec {
+struct FaceShape {
     std::vector<Vec3> triangles; ///< three per triangle
     std::vector<Vec3> normals;   ///< one per vertex, or none
     VEC3D normal{0.0, 0.0, 1.0}; ///< as the host stores it; the library negates it
     int16_t material = 0;
     uint32_t flags = 0; ///< the vertex-normal bit is added where there are normals
     std::vector<std::array<float, 2>> texCoords;
-    std::vector<LoopSpec> loops;
+    std::vector<LoopShape> loops;
 };
 
 /// A closed loop's style: full opacity, black.
@@ -36,7 +36,7 @@ MATERIAL plainMaterial();
 
 /// A planar quadrilateral a, b, c, d as two triangles and one outline. Seen from the side where
 /// the corners run clockwise it is a front face.
-FaceSpec quad(Vec3 a, Vec3 b, Vec3 c, Vec3 d, int16_t material = 0);
+FaceShape quad(Vec3 a, Vec3 b, Vec3 c, Vec3 d, int16_t material = 0);
 
 /// A host's scene in memory below 4 GiB. Records are collected first; commit() lays them out, each
 /// list followed by a stretch of kCanary bytes, so that what is read past a list shows.
@@ -63,7 +63,7 @@ class SceneFixture {
     int addTexture(const TEXTURESLOT& slot);
     int addObject(uint32_t flags = 0, uint8_t kind = 0);
     /// A face of the object added last.
-    int addFace(const FaceSpec& spec);
+    int addFace(const FaceShape& shape);
 
     /// Lays the lists out and fills the records. Later additions need another commit().
     void commit();

@@ -11,8 +11,8 @@ namespace ogl {
 namespace {
 
 using test::closedStyle;
-using test::FaceSpec;
-using test::LoopSpec;
+using test::FaceShape;
+using test::LoopShape;
 using test::plainMaterial;
 using test::SceneFixture;
 
@@ -35,17 +35,17 @@ struct Built {
     }
 };
 
-LoopSpec loop(int points, uint8_t kind, uint8_t flags = 0) {
-    LoopSpec spec{{}, closedStyle()};
-    spec.style.kind = kind;
-    spec.style.flags = flags;
+LoopShape loop(int points, uint8_t kind, uint8_t flags = 0) {
+    LoopShape shape{{}, closedStyle()};
+    shape.style.kind = kind;
+    shape.style.flags = flags;
     for (int i = 0; i < points; ++i)
-        spec.points.push_back({1000 * i, 2000, -500});
-    return spec;
+        shape.points.push_back({1000 * i, 2000, -500});
+    return shape;
 }
 
-FaceSpec faceWith(std::vector<LoopSpec> loops) {
-    FaceSpec face = test::quad({0, 0, 0}, {0, 1, 0}, {1, 1, 0}, {1, 0, 0});
+FaceShape faceWith(std::vector<LoopShape> loops) {
+    FaceShape face = test::quad({0, 0, 0}, {0, 1, 0}, {1, 1, 0}, {1, 0, 0});
     face.loops = std::move(loops);
     return face;
 }
@@ -53,7 +53,7 @@ FaceSpec faceWith(std::vector<LoopSpec> loops) {
 TEST(EdgeBuilder, DrawsTheLoopsOfAFace) {
     const struct {
         const char* name;
-        std::vector<LoopSpec> loops;
+        std::vector<LoopShape> loops;
         size_t segments;
         size_t segmentsEdgesAlone;
     } rows[] = {
@@ -157,7 +157,7 @@ TEST(EdgeBuilder, SendsSmoothAndWeaklyStyledFacesToTheSilhouettes) {
         SceneFixture fixture;
         fixture.addMaterial(plainMaterial());
         fixture.addObject(0, row.kind);
-        FaceSpec face = faceWith({loop(4, kLoopClosed)});
+        FaceShape face = faceWith({loop(4, kLoopClosed)});
         face.loops[0].style.pen = row.pen ? 1 : 0;
         face.loops[0].style.penNumber = kLoopNoPen;
         face.loops[0].style.color = {0, 0, 255};

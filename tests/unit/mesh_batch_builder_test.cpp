@@ -13,13 +13,13 @@
 namespace ogl {
 namespace {
 
-using test::FaceSpec;
+using test::FaceShape;
 using test::plainMaterial;
 using test::SceneFixture;
 
 /// A face of `triangles` triangles, whose first vertex's x tells it from others.
-FaceSpec numbered(float number, int16_t material, int triangles = 1) {
-    FaceSpec face;
+FaceShape numbered(float number, int16_t material, int triangles = 1) {
+    FaceShape face;
     for (int i = 0; i < triangles * 3; ++i)
         face.triangles.push_back({number, static_cast<float>(i), 0.0f});
     face.normal = {0.0, 0.0, -2.0};
@@ -111,10 +111,10 @@ TEST(MeshBatchBuilder, WritesNormalsTangentsAndTextureCoordinates) {
     fixture.addMaterial(plainMaterial());
     fixture.addMaterial(plainMaterial());
     fixture.addObject();
-    FaceSpec flat = numbered(1, 0);
+    FaceShape flat = numbered(1, 0);
     flat.texCoords = {{0.25f, 0.25f}, {1.0f, 0.0f}, {0.0f, 1.0f}};
     fixture.addFace(flat);
-    FaceSpec smooth = numbered(2, 1);
+    FaceShape smooth = numbered(2, 1);
     smooth.normals = {{1, 0, 0}, {0, 0, 9e-6f}, {nan, 0, 0}};
     fixture.addFace(smooth);
     fixture.commit();
@@ -143,7 +143,7 @@ TEST(MeshBatchBuilder, NeverWritesNormalsThatAreNoNumbers) {
         SceneFixture fixture;
         fixture.addMaterial(plainMaterial());
         fixture.addObject();
-        FaceSpec face = numbered(1, 0);
+        FaceShape face = numbered(1, 0);
         face.normal = normal;
         fixture.addFace(face);
         face.normals = {{0, 0, 0}, {0, 0, 0}, {0, 0, 0}};
@@ -216,7 +216,7 @@ TEST(MeshBatchBuilder, SetsTheFlagsOfABatch) {
         fixture.addTexture(slot);
         fixture.addTexture({});
         fixture.addObject();
-        FaceSpec face = numbered(1, 0);
+        FaceShape face = numbered(1, 0);
         face.flags = row.firstFace;
         fixture.addFace(face);
         face.flags = row.secondFace;
@@ -234,7 +234,7 @@ TEST(MeshBatchBuilder, GrowsTheBoundsByEveryVertex) {
     SceneFixture fixture;
     fixture.addMaterial(plainMaterial());
     fixture.addObject();
-    FaceSpec face = numbered(0, 0);
+    FaceShape face = numbered(0, 0);
     face.triangles = {{-4, 0, 1}, {2, 7, 1}, {nan, nan, -3}};
     fixture.addFace(face);
     fixture.commit();
@@ -253,7 +253,7 @@ TEST(MeshBatchBuilder, ReusesMemoryWithoutOldContents) {
     fixture.addMaterial(plainMaterial());
     for (const int triangles : {5, 2, 7}) {
         fixture.addObject();
-        FaceSpec face = numbered(static_cast<float>(triangles), 0, triangles);
+        FaceShape face = numbered(static_cast<float>(triangles), 0, triangles);
         if (triangles == 5)
             face.texCoords.assign(15, {0.5f, 0.25f});
         fixture.addFace(face);
@@ -279,7 +279,7 @@ void addTwoObjects(SceneFixture& fixture) {
     fixture.addMaterial(plainMaterial());
     for (int k = 0; k < 2; ++k) {
         fixture.addObject();
-        FaceSpec face = numbered(1, 0, 2);
+        FaceShape face = numbered(1, 0, 2);
         face.texCoords.assign(6, {0.5f, 0.5f});
         fixture.addFace(face);
         face.normals.assign(6, {0, 1, 0});
