@@ -19,3 +19,18 @@ else()
                                                Freetype::Freetype Fontconfig::Fontconfig
                                                Threads::Threads ${CMAKE_DL_LIBS})
 endif()
+
+# Header-only libraries of the machine, for the Windows builds too: their headers alone are linked
+# into a folder of the build, so that nothing else of /usr/include comes along.
+function(ogl_header_only target folder package)
+    if(NOT EXISTS /usr/include/${folder})
+        message(FATAL_ERROR "missing headers: /usr/include/${folder} (${package})")
+    endif()
+    set(headers ${CMAKE_BINARY_DIR}/header-only/${target})
+    file(MAKE_DIRECTORY ${headers})
+    file(CREATE_LINK /usr/include/${folder} ${headers}/${folder} SYMBOLIC)
+    add_library(${target} INTERFACE)
+    target_include_directories(${target} SYSTEM INTERFACE ${headers} ${headers}/${folder})
+endfunction()
+ogl_header_only(ogl_cli11 CLI libcli11-dev)
+ogl_header_only(ogl_stb stb libstb-dev)

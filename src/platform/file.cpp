@@ -4,30 +4,57 @@
 
 #include <algorithm>
 
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
+
 namespace ogl {
+
+namespace {
 
 #ifdef _WIN32
 
-std::FILE* openFile(const char* path, const char* mode) {
-    return std::fopen(path, mode);
+constexpr const char* kSeparators = "\\";
+
+std::string systemPathOf(const char* path) {
+    return path;
 }
 
-std::string directoryOf(const std::string& path) {
-    return path.substr(0, path.rfind('\\') + 1);
+bool isOrdinaryFile(const std::string&) {
+    return true; // others cannot be removed
 }
 
 #else
 
-std::FILE* openFile(const char* path, const char* mode) {
+constexpr const char* kSeparators = "\\/";
+
+std::string systemPathOf(const char* path) {
     std::string systemPath = path;
     std::replace(systemPath.begin(), systemPath.end(), '\\', '/');
-    return std::fopen(systemPath.c_str(), mode);
+    return systemPath;
 }
 
-std::string directoryOf(const std::string& path) {
-    return path.substr(0, path.find_last_of("\\/") + 1);
+bool isOrdinaryFile(const std::string& systemPath) {
+    struct stat status {};
+    return stat(systemPath.c_str(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
 #endif
+
+} // namespace
+
+std::FILE* openFile(const char* path, const char* mode) {
+    return std::fopen(systemPathOf(path).c_str(), mode);
+}
+
+void removeFile(const char* path) {
+    const std::string systemPath = systemPathOf(path);
+    if (isOrdinaryFile(systemPath))
+        std::remove(systemPath.c_str());
+}
+
+std::string directoryOf(const std::string& path) {
+    return path.substr(0, path.find_last_of(kSeparators) + 1);
+}
 
 } // namespace ogl

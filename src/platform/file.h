@@ -13,6 +13,9 @@ namespace ogl {
 /// As fopen, for a host's path.
 std::FILE* openFile(const char* path, const char* mode);
 
+/// Removes an ordinary file by a host's path; pipes and devices stay.
+void removeFile(const char* path);
+
 /// The path up to and including its last separator; empty when it has none.
 std::string directoryOf(const std::string& path);
 

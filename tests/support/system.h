@@ -4,6 +4,7 @@
 // What tests ask of the system beyond the standard library. One source file per system.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <utility>
 #include <vector>
@@ -19,6 +20,18 @@ void setEnvironment(const std::string& name, const char* value);
 /// what restoreDescriptor needs.
 int redirectDescriptor(int descriptor, const std::string& path);
 void restoreDescriptor(int descriptor, int saved);
+
+/// While it lives, files of this process cannot grow beyond `bytes`, as on a disk that is full.
+/// Does nothing where the system has no such limit.
+class FileSizeLimit {
+  public:
+    explicit FileSizeLimit(size_t bytes);
+    ~FileSizeLimit();
+    FileSizeLimit(const FileSizeLimit&) = delete;
+    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+
+    static bool isPossible();
+};
 
 /// The running test program's file.
 std::string programPath();

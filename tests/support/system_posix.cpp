@@ -2,10 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "support/system.h"
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
 #include <stdexcept>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -36,6 +38,26 @@ void restoreDescriptor(int descriptor, int saved) {
     std::fflush(nullptr);
     dup2(saved, descriptor);
     close(saved);
+}
+
+FileSizeLimit::FileSizeLimit(size_t bytes) {
+    std::signal(SIGXFSZ, SIG_IGN); // the write fails instead
+    rlimit limit{};
+    getrlimit(RLIMIT_FSIZE, &limit);
+    limit.rlim_cur = bytes;
+    setrlimit(RLIMIT_FSIZE, &limit);
+}
+
+FileSizeLimit::~FileSizeLimit() {
+    rlimit limit{};
+    getrlimit(RLIMIT_FSIZE, &limit);
+    limit.rlim_cur = limit.rlim_max;
+    setrlimit(RLIMIT_FSIZE, &limit);
+    std::signal(SIGXFSZ, SIG_DFL);
+}
+
+bool FileSizeLimit::isPossible() {
+    return true;
 }
 
 std::string programPath() {

@@ -39,6 +39,13 @@ void restoreDescriptor(int descriptor, int saved) {
     _close(saved);
 }
 
+FileSizeLimit::FileSizeLimit(size_t) {}
+FileSizeLimit::~FileSizeLimit() = default;
+
+bool FileSizeLimit::isPossible() {
+    return false;
+}
+
 std::string programPath() {
     char path[MAX_PATH];
     const DWORD length = GetModuleFileNameA(nullptr, path, MAX_PATH);
