@@ -1,9 +1,9 @@
 # SPDX-FileCopyrightText: The ogl authors
 # SPDX-License-Identifier: MIT
 
-# cmake -DSCRIPT=resources.rc -DOUTPUT=resources.cpp -P EmbedResources.cmake
-# Writes the files that a resource script names into a C++ source, as platform/x11/resources.h has it.
-get_filename_component(folder ${SCRIPT} DIRECTORY)
+# cmake -DSCRIPT=resources.rc -DFOLDER=folder -DOUTPUT=resources.cpp -P EmbedResources.cmake
+# Writes the files that a resource script names, found in the folder, into a C++ source, as
+# platform/x11/resources.h has it.
 file(STRINGS ${SCRIPT} lines REGEX "^[0-9]+[ \t]")
 set(blobs "")
 set(rows "")
@@ -12,7 +12,7 @@ foreach(line IN LISTS lines)
     string(REGEX MATCH "^([0-9]+)[ \t]+([A-Za-z_]+)[ \t]+\"([^\"]+)\"$" matched "${line}")
     set(number ${CMAKE_MATCH_1})
     set(type ${CMAKE_MATCH_2})
-    file(READ ${folder}/${CMAKE_MATCH_3} hex HEX)
+    file(READ ${FOLDER}/${CMAKE_MATCH_3} hex HEX)
     string(LENGTH "${hex}" digits)
     math(EXPR size "${digits} / 2")
     string(REGEX REPLACE "([0-9a-f][0-9a-f])" "0x\\1," bytes "${hex}")

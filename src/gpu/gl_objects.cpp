@@ -48,6 +48,15 @@ unsigned createName(GLKind kind) {
     case GLKind::Framebuffer:
         glGenFramebuffers(1, &name);
         break;
+    case GLKind::Program:
+        name = glCreateProgram();
+        break;
+    case GLKind::VertexShader:
+        name = glCreateShader(GL_VERTEX_SHADER);
+        break;
+    case GLKind::FragmentShader:
+        name = glCreateShader(GL_FRAGMENT_SHADER);
+        break;
     }
     return name;
 }
@@ -65,6 +74,13 @@ void deleteName(ReleasedName object) {
         break;
     case GLKind::Framebuffer:
         glDeleteFramebuffers(1, &object.name);
+        break;
+    case GLKind::Program:
+        glDeleteProgram(object.name);
+        break;
+    case GLKind::VertexShader:
+    case GLKind::FragmentShader:
+        glDeleteShader(object.name);
         break;
     }
 }
@@ -95,6 +111,9 @@ template class GLObject<GLKind::Buffer>;
 template class GLObject<GLKind::Texture>;
 template class GLObject<GLKind::Renderbuffer>;
 template class GLObject<GLKind::Framebuffer>;
+template class GLObject<GLKind::Program>;
+template class GLObject<GLKind::VertexShader>;
+template class GLObject<GLKind::FragmentShader>;
 
 void deleteReleasedObjects() {
     for (const ReleasedName object : registry().released)
@@ -109,8 +128,9 @@ int liveObjects(GLKind kind) {
 void reportLiveObjects() {
     if (!debugRequested())
         return;
-    constexpr const char* kNames[kGLKindCount] = {"buffers", "textures", "renderbuffers",
-                                                  "framebuffers"};
+    constexpr const char* kNames[kGLKindCount] = {"buffers",         "textures", "renderbuffers",
+                                                  "framebuffers",    "programs", "vertex shaders",
+                                                  "fragment shaders"};
     for (int kind = 0; kind < kGLKindCount; ++kind)
         if (registry().live[kind] != 0)
             std::fprintf(stderr, "ogl: left over: %d %s\n", registry().live[kind], kNames[kind]);

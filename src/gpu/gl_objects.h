@@ -12,8 +12,16 @@ namespace ogl {
 /// Name of a GL object that is not created yet.
 inline constexpr unsigned kNoName = 0xffffffffu;
 
-enum class GLKind : int { Buffer, Texture, Renderbuffer, Framebuffer };
-inline constexpr int kGLKindCount = 4;
+enum class GLKind : int {
+    Buffer,
+    Texture,
+    Renderbuffer,
+    Framebuffer,
+    Program,
+    VertexShader,
+    FragmentShader
+};
+inline constexpr int kGLKindCount = 7;
 
 /// Owner of one GL object name. A host may hand batches back while no context is current, or after
 /// the view that they were made in is gone; so a name whose context is not current waits until
@@ -50,10 +58,16 @@ extern template class GLObject<GLKind::Buffer>;
 extern template class GLObject<GLKind::Texture>;
 extern template class GLObject<GLKind::Renderbuffer>;
 extern template class GLObject<GLKind::Framebuffer>;
+extern template class GLObject<GLKind::Program>;
+extern template class GLObject<GLKind::VertexShader>;
+extern template class GLObject<GLKind::FragmentShader>;
 using GLBuffer = GLObject<GLKind::Buffer>;
 using GLTexture = GLObject<GLKind::Texture>;
 using GLRenderbuffer = GLObject<GLKind::Renderbuffer>;
 using GLFramebuffer = GLObject<GLKind::Framebuffer>;
+using GLProgram = GLObject<GLKind::Program>;
+using GLVertexShader = GLObject<GLKind::VertexShader>;
+using GLFragmentShader = GLObject<GLKind::FragmentShader>;
 
 /// Deletes the objects that were released while no context was current. Called as a frame starts.
 void deleteReleasedObjects();

@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+//
+// What the fragment shaders of surfaces read, in scene coordinates. The tangent arrives as the
+// secondary colour.
+varying vec3 worldVertex;
+varying vec3 worldNormal;
+varying vec3 worldTangent;
+varying vec3 worldBitangent;
+varying vec3 texCoord;
+
+void passSurface() {
+    worldVertex = gl_Vertex.xyz;
+    worldNormal = gl_Normal;
+    worldTangent = gl_SecondaryColor.rgb;
+    worldBitangent = -cross(worldNormal, worldTangent);
+    texCoord = gl_MultiTexCoord0.xyz;
+    gl_Position = ftransform();
+}
