@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "gpu/vector3.h"
 #include "gpu/vertex_array.h"
 #include "ogl/host_records.h"
 #include "scene/record_views.h"
+#include "scene/vector3.h"
 
 #include <memory>
 #include <vector>

@@ -4,9 +4,9 @@
 
 #include "fixed/batches.h"
 #include "fixed/draw_lists.h"
-#include "gpu/vector3.h"
 #include "gpu/vertex_array.h"
 #include "ogl/host_records.h"
+#include "scene/vector3.h"
 
 #include <memory>
 

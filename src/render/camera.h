@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "gpu/vector3.h"
 #include "ogl/host_records.h"
 #include "platform/win32.h"
 #include "render/matrix4f.h"
+#include "scene/vector3.h"
 
 namespace ogl {
 

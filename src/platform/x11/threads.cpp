@@ -10,6 +10,7 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <chrono>
 #include <condition_variable>
 #include <memory>
@@ -22,6 +23,7 @@ constexpr uint32_t kThreadMagic = 0x54485244;
 
 // Shared by the running thread and its handle: either may go first.
 struct Thread {
+    pthread_t system{};
     std::mutex mutex;
     std::condition_variable change;
     LPTHREAD_START_ROUTINE start;
@@ -34,6 +36,8 @@ struct Thread {
 struct ThreadHandle {
     uint32_t magic = kThreadMagic;
     std::shared_ptr<Thread> thread;
+    std::once_flag joined;
+    std::atomic<bool> gone = false; ///< joined: the system has nothing left of the thread
 };
 
 ThreadHandle* fromHandle(HANDLE handle) {
@@ -62,14 +66,13 @@ void* runThread(void* argument) {
     return nullptr;
 }
 
-bool startDetached(size_t stackSize, std::unique_ptr<std::shared_ptr<Thread>> thread) {
+bool startThread(size_t stackSize, std::unique_ptr<std::shared_ptr<Thread>> thread) {
     pthread_attr_t attributes;
     pthread_attr_init(&attributes);
-    pthread_attr_setdetachstate(&attributes, PTHREAD_CREATE_DETACHED);
     if (stackSize >= 65536)
         pthread_attr_setstacksize(&attributes, stackSize);
-    pthread_t id;
-    const bool started = pthread_create(&id, &attributes, runThread, thread.get()) == 0;
+    pthread_t& system = (*thread)->system;
+    const bool started = pthread_create(&system, &attributes, runThread, thread.get()) == 0;
     pthread_attr_destroy(&attributes);
     if (started)
         (void)thread.release(); // now the thread's
@@ -89,7 +92,7 @@ HANDLE CreateThread(LPSECURITY_ATTRIBUTES security, SIZE_T stackSize, LPTHREAD_S
     const auto thread = std::make_shared<Thread>();
     thread->start = start;
     thread->parameter = parameter;
-    if (!startDetached(stackSize, std::make_unique<std::shared_ptr<Thread>>(thread)))
+    if (!startThread(stackSize, std::make_unique<std::shared_ptr<Thread>>(thread)))
         return nullptr;
     std::unique_lock lock(thread->mutex);
     thread->change.wait(lock, [&] { return thread->id != 0; });
@@ -111,7 +114,7 @@ BOOL GetExitCodeThread(HANDLE handle, LPDWORD exitCode) {
 }
 
 DWORD WaitForSingleObject(HANDLE handle, DWORD milliseconds) {
-    const ThreadHandle* owner = fromHandle(handle);
+    ThreadHandle* owner = fromHandle(handle);
     if (!owner)
         return WAIT_FAILED;
     Thread& thread = *owner->thread;
@@ -121,6 +124,12 @@ DWORD WaitForSingleObject(HANDLE handle, DWORD milliseconds) {
         thread.change.wait(lock, ended);
     else if (!thread.change.wait_for(lock, std::chrono::milliseconds(milliseconds), ended))
         return WAIT_TIMEOUT;
+    lock.unlock();
+    // A thread that a host has waited for is gone with its stack, not just about to go.
+    std::call_once(owner->joined, [&] {
+        pthread_join(thread.system, nullptr);
+        owner->gone = true;
+    });
     return WAIT_OBJECT_0;
 }
 
@@ -129,6 +138,8 @@ BOOL CloseHandle(HANDLE handle) {
     if (!owner)
         return FALSE;
     owner->magic = 0;
+    if (!owner->gone)
+        pthread_detach(owner->thread->system);
     delete owner;
     return TRUE;
 }
