@@ -25,8 +25,9 @@ std::string linkLog(const ShaderProgram& program) {
 }
 
 TEST_F(ShaderProgramTest, EveryProgramCompilesAndLinksWithoutALog) {
-    for (const ProgramIndex index : {kObjShader, kObjShaderShadow}) {
-        const ProgramSource& source = table_[index];
+    for (int i = 0; i < kProgramCount; ++i) {
+        const auto index = static_cast<ProgramIndex>(i);
+        const ProgramSource& source = table_[static_cast<size_t>(i)];
         SCOPED_TRACE(std::string(source.name) + " " + std::to_string(source.fragmentResource));
         const auto program = buildProgram(table_, index, context_->errorLog);
         GLint linked = 0;
