@@ -108,6 +108,22 @@ TEST(ResourceText, TextIsFoundByNumberAndNamedType) {
     EXPECT_EQ(FindResourceA(program, MAKEINTRESOURCEA(100), "OTHER"), nullptr);
 }
 
+TEST(ResourceText, ShaderTextsAreAssembledAsciiWithWindowsLineEnds) {
+    for (int number = 101; number <= 130; ++number) {
+        SCOPED_TRACE(number);
+        const std::string text = ogl::loadResourceText(number);
+        EXPECT_NE(text.find("\n#version 1"), std::string::npos);
+        EXPECT_NE(text.find("void main()"), std::string::npos);
+        EXPECT_EQ(text.find("#include"), std::string::npos);
+        for (size_t i = 0; i < text.size(); ++i) {
+            const char c = text[i];
+            ASSERT_TRUE((c >= ' ' && c <= '~') || (c == '\r' && text[i + 1] == '\n') ||
+                        (c == '\n' && i > 0 && text[i - 1] == '\r'))
+                << i;
+        }
+    }
+}
+
 TEST(ResourceText, WhatIsMissingIsEmpty) {
     for (const int number : {99, 0, -1, 65536 + 100, 1000})
         EXPECT_EQ(ogl::loadResourceText(number), "") << number;
