@@ -53,18 +53,30 @@ inline constexpr uint32_t kLightSketchEdges = 0x100000;
 inline constexpr uint32_t kLightMonochrome = 0x400000;
 inline constexpr uint32_t kLightBackgroundColor = 0x1000000;
 
+// overlayFlags, symbol.flags
+inline constexpr uint32_t kOverlaySymbols = 0x8000;
+inline constexpr uint32_t kOverlaySecondBox = 0x4; ///< together with kViewSecondBox
+inline constexpr uint8_t kSymbolMirrored = 0x1;
+
+// hudFlags
+inline constexpr uint8_t kHudPaths = 0x1;       ///< paths in the view overlays
+inline constexpr uint8_t kHudStatistics = 0x80; ///< frame rate, size, counts
+
 // geometry.flags
 inline constexpr uint32_t kGeometryPlanView = 0x8;
 inline constexpr uint32_t kGeometryShadowsChanged = 0x40;
 inline constexpr uint32_t kGeometryLightsChanged = 0x200;
 inline constexpr uint32_t kGeometryTwoSided = 0x10000; ///< changes which faces are two-sided
 
-// object.flags, object.kind
-inline constexpr uint32_t kObjectNotDrawn = 0x20002008; ///< any of these bits
+// object.flags, object.highlight, object.kind
+inline constexpr uint32_t kObjectNotDrawn = 0x20002008;    ///< any of these bits
+inline constexpr uint32_t kHighlightSelected = 0x10000000; ///< red; yellow with the other bit
+inline constexpr uint32_t kHighlightMarked = 0x20000000;   ///< blue; yellow with the other bit
 inline constexpr uint8_t kObjectKindNoSilhouette = 6;
 
 // face.flags
-inline constexpr uint32_t kFaceUnlit = 0x10; ///< on the first face of a cluster
+inline constexpr uint32_t kFaceNoHighlight = 0x4; ///< not in its object's highlight outline
+inline constexpr uint32_t kFaceUnlit = 0x10;      ///< on the first face of a cluster
 inline constexpr uint32_t kFaceVertexNormals = 0x100000;
 inline constexpr uint32_t kFaceTwoSided = 0x20000000;     ///< on the first face of a cluster
 inline constexpr uint32_t kFaceNotRayTraced = 0x40000000; ///< on the first face of a cluster
@@ -81,13 +93,22 @@ inline constexpr uint32_t kLoopStyleAlternate = 5;
 inline constexpr uint16_t kLoopNoPen = 65535;
 
 // view.flags
-inline constexpr uint32_t kViewNoSelection = 0x10;
+inline constexpr uint32_t kViewNoSelection = 0x10; ///< no highlights, no gizmo
+inline constexpr uint32_t kViewMessage = 0x20; ///< with kViewNoSelection: message and frame rate
 inline constexpr uint32_t kViewNoOverlays = 0x100;
 inline constexpr uint32_t kViewPaced = 0x300; ///< any of these bits: swaps at least 40 ms apart
 inline constexpr uint32_t kViewNoHud = 0x800;
-inline constexpr uint32_t kViewCursorB = 0x2000;
+inline constexpr uint32_t kViewCrossHair = 0x3000; ///< any of these bits, with kViewNoSelection
+inline constexpr uint32_t kViewCursorB = 0x2000;   ///< cross-hair at cursorB, else at cursorA
 inline constexpr uint32_t kViewSecondBox = 0x8000;
 inline constexpr uint32_t kViewGizmo = 0x100000;
+
+// view.mode
+inline constexpr int32_t kViewModeBox = 1;
+inline constexpr int32_t kViewModeMove = 2; ///< move preview of the selected objects
+
+// point3d.flags
+inline constexpr uint8_t kPointSolid = 0x1; ///< solid marker
 
 // objectCache entry, changeFlags
 inline constexpr uint32_t kObjectChanged = 0x7; ///< any of these bits
@@ -299,6 +320,25 @@ static_assert(offsetof(LOOPPOINT, position) == 0);
 static_assert(offsetof(LOOPPOINT, tag) == 12);
 static_assert(sizeof(LOOPPOINT) == 14);
 
+/// Item of pathPoints: one point of a path, in the coordinates of LOOPPOINT.
+struct OGL_PACKED POINT3D {
+    VEC3I position; ///< integer coordinates
+    uint8_t gap_000c[1];
+    uint8_t flags; ///< kPointSolid
+};
+static_assert(offsetof(POINT3D, position) == 0);
+static_assert(offsetof(POINT3D, flags) == 13);
+static_assert(sizeof(POINT3D) == 14);
+
+/// Element of view.polygon: a corner of the selection polygon and where its edge goes.
+struct OGL_PACKED POLYGONPOINT {
+    PIXEL position; ///< the corner
+    PIXEL edgeEnd;  ///< the edge drawn from it ends here
+};
+static_assert(offsetof(POLYGONPOINT, position) == 0);
+static_assert(offsetof(POLYGONPOINT, edgeEnd) == 8);
+static_assert(sizeof(POLYGONPOINT) == 16);
+
 /// Element of geometry.loopStyles, parallel to geometry.loops: how an outline is drawn.
 struct OGL_PACKED LOOPSTYLE {
     uint8_t kind; ///< kLoopOpen or kLoopClosed
@@ -335,7 +375,7 @@ static_assert(sizeof(TEXCOORD) == 8);
 struct OGL_PACKED OBJECT {
     uint8_t gap_0000[60];
     uint32_t flags;     ///< kObjectNotDrawn bits
-    uint32_t highlight; ///< 0x10000000 and 0x20000000 select the highlight colour
+    uint32_t highlight; ///< kHighlight... bits
     uint8_t gap_0044[82];
     VEC3I referencePoint; ///< integer units
     uint8_t gap_00a2[108];
@@ -403,18 +443,18 @@ static_assert(sizeof(GIZMO) == 56);
 /// View state of the host.
 struct OGL_PACKED VIEW {
     uint32_t flags; ///< kView... bits
-    int32_t mode;   ///< 1 view box, 2 move preview of the selected objects
+    int32_t mode;   ///< kViewMode...
     uint8_t gap_0008[4];
     RGB8 overlayColor; ///< path polylines
     uint8_t gap_000f[1];
     int32_t polygonCount; ///< selection-polygon points
     uint8_t gap_0014[12];
-    Ptr32<uint8_t> polygon;  ///< 16 bytes per point, starting with i32 x, y in pixels
-    uint8_t tooltipText[80]; ///< zero-terminated; drawn when not empty
-    PIXEL tooltip;           ///< tooltip position
-    PIXEL cursorA;           ///< cross-hair point A, screen pixels
-    PIXEL cursorB;           ///< cross-hair point B, used with kViewCursorB
-    VEC3I moveOffset;        ///< integer units
+    Ptr32<POLYGONPOINT> polygon; ///< polygonCount elements
+    uint8_t tooltipText[80];     ///< zero-terminated; drawn when not empty
+    PIXEL tooltip;               ///< tooltip position
+    PIXEL cursorA;               ///< cross-hair point A, screen pixels
+    PIXEL cursorB;               ///< cross-hair point B, used with kViewCursorB
+    VEC3I moveOffset;            ///< integer units
     uint8_t gap_0098[2];
     VEC3I boxPosition; ///< view box, integer units
     uint8_t gap_00a6[2];
@@ -463,7 +503,7 @@ struct OGL_PACKED SYMBOL {
     uint8_t gap_0016[16];
     RGB8 color; ///< line colour
     uint8_t gap_0029[2];
-    uint8_t flags; ///< bit 0 = mirrored
+    uint8_t flags; ///< kSymbolMirrored
     uint8_t gap_002c[4];
     int16_t sizePercent; ///< size in percent
 };
@@ -531,7 +571,7 @@ static_assert(sizeof(GEOMETRY) == 2086);
 /// The host's scene record.
 struct OGL_PACKED SCENE {
     uint8_t gap_0000[28];
-    uint32_t overlayFlags; ///< 0x8000 both symbols; 0x4 second box (with kViewSecondBox)
+    uint32_t overlayFlags; ///< kOverlay... bits
     uint8_t gap_0020[405];
     int32_t siteWidth;  ///< along x, integer units
     int32_t siteDepth;  ///< along y, integer units
@@ -553,7 +593,7 @@ struct OGL_PACKED SCENE {
     uint8_t gap_1bee[90];
     int32_t renderMode; ///< kRenderMode...
     uint8_t gap_1c4c[6];
-    uint8_t hudFlags; ///< 0x1 paths, 0x80 statistics
+    uint8_t hudFlags; ///< kHud... bits
     uint8_t gap_1c53[29];
     uint32_t lightFlags; ///< kLight... bits
     uint8_t gap_1c74[336];
@@ -591,7 +631,7 @@ struct OGL_PACKED SCENE {
     RGB8 edgeColor; ///< sketch edges
     uint8_t gap_1e2d[3995];
     LIST paths;       ///< one element per path; only the count is read
-    VLIST pathPoints; ///< cluster k = points of path k
+    VLIST pathPoints; ///< cluster k = points (POINT3D) of path k
     uint8_t gap_2e04[3595];
     GEOMETRY geometry; ///< the geometry block
 };

@@ -3,6 +3,7 @@
 #include "fixed/edge_builder.h"
 
 #include "fixed/edge_color.h"
+#include "fixed/loop_points.h"
 
 #include <algorithm>
 #include <cstring>
@@ -11,7 +12,6 @@ namespace ogl {
 
 namespace {
 
-constexpr double kLoopPointScale = 0.001;
 constexpr int kVerticesPerTriangle = 3;
 
 void appendTriangles(const FaceTriangles& triangles, Vec4 color, ColorVertexArray& target) {
@@ -33,7 +33,7 @@ struct EdgeBuilder::Outline {
 };
 
 EdgeBuilder::EdgeBuilder(const SCENE& scene, EdgeRules rules)
-    : lists_(scene), rules_(rules), scale_(scene.geometry.unitScale * kLoopPointScale) {}
+    : lists_(scene), rules_(rules), scale_(loopPointScale(scene)) {}
 
 /// The loops of a face, cut to those that exist.
 FACELOOPS EdgeBuilder::loopsOf(int face) const {
@@ -97,19 +97,9 @@ void EdgeBuilder::forEachOutline(const FACELOOPS& loops, const Visitor& visit) c
 }
 
 void EdgeBuilder::appendOutline(const Outline& outline, Vec4 color, ColorVertexArray& edges) const {
-    const auto point = [&](int k) {
-        const VEC3I p = lists_.loopPoints[outline.firstPoint + k].position;
-        return Vec3{static_cast<float>(p.x * scale_), static_cast<float>(p.y * scale_),
-                    static_cast<float>(p.z * scale_)};
-    };
+    appendSegments(lists_.loopPoints, {outline.firstPoint, outline.pointCount}, outline.closed,
+                   scale_, edges.positions);
     const int segments = outline.segmentCount();
-    Vec3 from = point(outline.closed ? outline.pointCount - 1 : 0);
-    for (int s = 0; s < segments; ++s) {
-        const Vec3 to = point(outline.closed ? s : s + 1);
-        edges.positions.push_back(from);
-        edges.positions.push_back(to);
-        from = to;
-    }
     edges.colors.insert(edges.colors.end(), static_cast<size_t>(segments) * 2, color);
 }
 

@@ -2,11 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "fixed/edge_color.h"
 
+#include "fixed/record_color.h"
+
 namespace ogl {
 
 namespace {
 
-constexpr float kByteScale = 0.003921569f;
 constexpr float kWeakAlpha = 0.5f;
 constexpr int kBrightest = 576; ///< sum of the channels that still shows on white
 

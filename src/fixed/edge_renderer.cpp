@@ -5,6 +5,7 @@
 #include "fixed/batches.h"
 #include "fixed/bitmap_frame.h"
 #include "fixed/edge_builder.h"
+#include "fixed/frame_overlays.h"
 #include "fixed/scene_batches.h"
 #include "fixed/site_box.h"
 #include "gpu/gl_debug.h"
@@ -28,12 +29,13 @@ void EdgeRenderer::releaseResources() {
     edgeBatch_.reset();
 }
 
-int EdgeRenderer::drawToWindow(const GLSurface&) {
+int EdgeRenderer::drawToWindow(const GLSurface& surface) {
     if (scene == nullptr)
         return 1;
     deleteReleasedObjects();
     refreshBatches();
     drawScene();
+    drawFrameOverlays(*this, surface);
     drawFlags &= ~kDrawOnce;
     return 1;
 }

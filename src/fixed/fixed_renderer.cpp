@@ -4,8 +4,10 @@
 
 #include "fixed/bitmap_frame.h"
 #include "fixed/edge_pass.h"
+#include "fixed/frame_overlays.h"
 #include "fixed/mark_texture.h"
 #include "fixed/material_color.h"
+#include "fixed/record_color.h"
 #include "fixed/surface_pass.h"
 #include "gpu/gl_debug.h"
 
@@ -16,7 +18,6 @@ namespace ogl {
 namespace {
 
 constexpr float kBaseLineWidth = 0.6f;
-constexpr float kByteScale = 0.003921569f;
 
 /// The bounds of a drawing always hold this cube.
 constexpr Box kUnitCube{{-1.0f, -1.0f, -1.0f}, {1.0f, 1.0f, 1.0f}};
@@ -32,10 +33,11 @@ FixedRenderer::~FixedRenderer() = default;
 
 int FixedRenderer::clearBackground() {
     if (scene != nullptr && (scene->drawingOptions & kOptionBackgroundColor) != 0) {
-        const uint32_t color = scene->drawingBackgroundColor;
-        for (unsigned i = 0; i < 3; ++i)
-            clearColor[i] = static_cast<float>(color >> 8 * i & 0xffu) * kByteScale;
-        clearTo(clearColor[0], clearColor[1], clearColor[2]);
+        const Vec3 color = colorOf(scene->drawingBackgroundColor);
+        clearColor[0] = color.x;
+        clearColor[1] = color.y;
+        clearColor[2] = color.z;
+        clearTo(color.x, color.y, color.z);
     } else {
         clearTo(1.0f, 1.0f, 1.0f);
     }
@@ -53,7 +55,7 @@ void FixedRenderer::releaseResources() {
     batches_.release();
 }
 
-int FixedRenderer::drawToWindow(const GLSurface&) {
+int FixedRenderer::drawToWindow(const GLSurface& surface) {
     if (scene == nullptr)
         return 1;
     deleteReleasedObjects();
@@ -61,6 +63,7 @@ int FixedRenderer::drawToWindow(const GLSurface&) {
     if (objectCount == 0)
         return 1;
     drawScene();
+    drawFrameOverlays(*this, surface);
     drawFlags &= ~kDrawOnce;
     return 1;
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "fixed/material_color.h"
 
+#include "fixed/record_color.h"
 #include "render/renderer.h"
 
 #include <algorithm>
@@ -10,7 +11,6 @@ namespace ogl {
 
 namespace {
 
-constexpr float kByteScale = 0.003921569f;
 constexpr float kReflectionShare = 0.5f;
 constexpr float kBrightnessScale = 2.5f;
 constexpr float kFaintestAlpha = 0.2f;

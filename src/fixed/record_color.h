@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ogl/host_records.h"
+#include "scene/vector3.h"
+
+namespace ogl {
+
+inline constexpr float kByteScale = 0.003921569f; ///< of colour bytes
+
+inline Vec3 colorOf(RGB8 color) {
+    return Vec3{static_cast<float>(color.red), static_cast<float>(color.green),
+                static_cast<float>(color.blue)} *
+           kByteScale;
+}
+
+/// `packed`: red in bits 0-7, green in bits 8-15, blue in bits 16-23.
+inline Vec3 colorOf(uint32_t packed) {
+    return colorOf(RGB8{static_cast<uint8_t>(packed), static_cast<uint8_t>(packed >> 8),
+                        static_cast<uint8_t>(packed >> 16)});
+}
+
+} // namespace ogl

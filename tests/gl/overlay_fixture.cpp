@@ -1,0 +1,95 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#include "gl/overlay_fixture.h"
+
+#include "platform/bitmap_font.h"
+
+#include <cmath>
+#include <cstring>
+
+namespace ogl::test {
+
+void OverlayTest::SetUp() {
+    GLTest::SetUp();
+    scene().drawingOptions = kOptionBackgroundColor;
+    scene().drawingBackgroundColor = 0xe6e6e6;
+    view().flags = 0;
+    scene_->addObject();
+    scene_->commit();
+}
+
+void OverlayTest::selectDrawing() {
+    auto& renderer = select<FixedRenderer>();
+    renderer.drawFlags = kDrawFullQuality;
+    renderer.textureMode = kTexturesSharedOnly;
+    renderer.drawFaces = 1;
+    renderer.singleColorEdges = 1;
+}
+
+Picture OverlayTest::frame() {
+    if (renderer_ == nullptr)
+        selectDrawing();
+    return drawFrame();
+}
+
+int OverlayTest::countNear(const Picture& picture, const RECT& area, Pixel color, int tolerance) {
+    const int height = picture.height();
+    return picture.count(static_cast<int>(area.left), height - static_cast<int>(area.bottom),
+                         static_cast<int>(area.right), height - static_cast<int>(area.top),
+                         [&](Pixel p) { return isNear(p, color, tolerance); });
+}
+
+POINT OverlayTest::seenAt(Vec3 point) {
+    const float scale = kViewSize / 2.0f / (10.0f - point.z);
+    POINT pixel{};
+    pixel.x = static_cast<int>(std::floor(kViewSize / 2.0f + point.x * scale));
+    pixel.y = static_cast<int>(std::floor(kViewSize / 2.0f - point.y * scale));
+    return pixel;
+}
+
+bool OverlayTest::isSeen(const Picture& picture, Vec3 point, Pixel color, int tolerance) {
+    const POINT p = seenAt(point);
+    return isFoundNear(picture, static_cast<int>(p.x), picture.height() - 1 - static_cast<int>(p.y),
+                       color, tolerance);
+}
+
+Ptr32<uint8_t> OverlayTest::hostText(const std::string& text) {
+    auto* copy = static_cast<uint8_t*>(memory_.allocate(text.size() + 1));
+    std::memcpy(copy, text.c_str(), text.size() + 1);
+    return {copy};
+}
+
+Picture OverlayTest::expectedFrame(const std::function<void()>& draw) {
+    const uint32_t flags = view().flags;
+    view().flags = flags | kViewNoOverlays | kViewNoHud;
+    frame();
+    view().flags = flags;
+    glMatrixMode(GL_PROJECTION);
+    glLoadIdentity();
+    glOrtho(0, kViewSize, kViewSize, 0, -1, 1);
+    glMatrixMode(GL_MODELVIEW);
+    glLoadIdentity();
+    glDisable(GL_DEPTH_TEST);
+    glDisable(GL_MULTISAMPLE);
+    draw();
+    glEnable(GL_DEPTH_TEST);
+    return Picture::read(kViewSize, kViewSize);
+}
+
+void OverlayTest::drawGlyphs(const std::string& text, int x, int y, Pixel color) const {
+    glColor3ub(static_cast<GLubyte>(color.red), static_cast<GLubyte>(color.green),
+               static_cast<GLubyte>(color.blue));
+    glRasterPos2i(x, y);
+    for (const char character : text)
+        glCallList(context_->fontListBase + static_cast<unsigned>(character - kFontFirstCharacter));
+}
+
+int differingPixels(const Picture& a, const Picture& b) {
+    int differing = 0;
+    for (int y = 0; y < a.height(); ++y)
+        for (int x = 0; x < a.width(); ++x)
+            differing += isNear(a.at(x, y), b.at(x, y), 1) ? 0 : 1;
+    return differing;
+}
+
+} // namespace ogl::test
