@@ -3,6 +3,7 @@
 #include "ogl/ogl.h"
 
 #include "api/draw_calls.h"
+#include "api/export_call.h"
 #include "api/guard.h"
 #include "api/view_calls.h"
 #include "platform/win32.h"
@@ -60,8 +61,11 @@ int OGL_CALL d3_GetPickedObjects(SCENE*, int, int, int, int, int** result, int* 
     });
 }
 
-int OGL_CALL d3_ExportJS(SCENE*, const char*, int, int) {
-    return 0;
+int OGL_CALL d3_ExportJS(SCENE* scene, const char* path, int width, int height) {
+    return guarded(0, [&] {
+        return scene != nullptr && path != nullptr ? exportDocument(*scene, path, width, height)
+                                                   : 0;
+    });
 }
 
 int OGL_CALL d3_CreateTextureFromFile() {

@@ -127,6 +127,11 @@ int SceneFixture::addTexture(const TEXTURESLOT& slot) {
     return count(textures_.size()) - 1;
 }
 
+int SceneFixture::addLight(const LIGHT& light) {
+    lights_.push_back(light);
+    return count(lights_.size()) - 1;
+}
+
 int SceneFixture::addObject(uint32_t flags, uint8_t kind) {
     OBJECT object{};
     object.flags = flags;
@@ -189,6 +194,7 @@ void SceneFixture::commit() {
     layOut(g.materials, materials_);
     layOut(g.textures, textures_);
     layOut(g.texCoords, texCoords_);
+    layOut(g.lights, lights_);
     layOut(g.faceLoops, faceLoops_);
     layOut(g.loops, loops_);
     layOut(g.loopPoints, loopPoints_);

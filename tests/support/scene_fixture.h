@@ -61,6 +61,7 @@ class SceneFixture {
     /// Each returns the number of what it added.
     int addMaterial(const MATERIAL& material);
     int addTexture(const TEXTURESLOT& slot);
+    int addLight(const LIGHT& light);
     int addObject(uint32_t flags = 0, uint8_t kind = 0);
     /// A face of the object added last.
     int addFace(const FaceShape& shape);
@@ -88,6 +89,7 @@ class SceneFixture {
     std::vector<MATERIAL> materials_;
     std::vector<TEXTURE> textures_;
     std::vector<TEXCOORD> texCoords_;
+    std::vector<LIGHT> lights_;
     std::vector<FACELOOPS> faceLoops_;
     std::vector<LOOP> loops_;
     std::vector<LOOPPOINT> loopPoints_;

@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#include "scene/number_text.h"
+
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <cmath>
+#include <cstdio>
+#include <limits>
+#include <random>
+#include <string>
+
+namespace ogl {
+namespace {
+
+template <class T> std::string written(T value) {
+    char text[kNumberTextSize];
+    return {text, writeNumber(text, value)};
+}
+
+std::string printed(double value) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%.6g", value);
+    return text;
+}
+
+TEST(NumberText, KnownNumbers) {
+    struct Row {
+        float value;
+        const char* text;
+    };
+    const Row rows[] = {
+        {0.0f, "0"},           {-0.0f, "-0"},         {0.5f, "0.5"},
+        {-1.25f, "-1.25"},     {100000.0f, "100000"}, {0.0001f, "0.0001"},
+        {999999.5f, "1e+06"},  {999999.4f, "999999"}, {9.99999f, "9.99999"},
+        {9.9999995f, "10"},    {0.1f, "0.1"},         {0.00099999997f, "0.001"},
+        {262144.5f, "262144"}, {262145.5f, "262146"}, // ties go to the even digit
+        {1e20f, "1e+20"},      {1e-7f, "1e-07"},
+    };
+    for (const Row& row : rows)
+        EXPECT_EQ(written(row.value), row.text);
+    EXPECT_EQ(written(-2147483647 - 1), "-2147483648");
+    EXPECT_EQ(written(-1.23456789e-300), "-1.23457e-300");
+    for (double none : {std::nan(""), HUGE_VAL, -HUGE_VAL})
+        EXPECT_EQ(written(none) + written(static_cast<float>(none)), "00");
+}
+
+TEST(NumberText, AgreesWithPrintf) {
+    if (printed(1e100) != "1e+100")
+        GTEST_SKIP() << "this system's printf writes exponents in its own way";
+    std::mt19937 random(7);
+    const auto expectSame = [](float value) {
+        ASSERT_EQ(written(value), printed(static_cast<double>(value))) << std::hexfloat << value;
+    };
+    // Every exponent with random bits, and what lies around rounding steps of short decimals.
+    for (int k = 0; k < 300000; ++k) {
+        const float any = std::bit_cast<float>(static_cast<uint32_t>(random()));
+        if (std::isfinite(any))
+            expectSame(any);
+        const auto near =
+            static_cast<float>(std::ldexp(1.0 + static_cast<double>(random() & 0xffffff) / 0x1p24,
+                                          static_cast<int>(random() % 36) - 15));
+        expectSame(-near);
+        const auto tens = static_cast<float>(random() % 2000000) *
+                          static_cast<float>(std::pow(10.0, static_cast<int>(random() % 12) - 9));
+        for (float value : {tens, std::nextafter(tens, 1e9f), std::nextafter(tens, 0.0f),
+                            tens + 0.5f, tens / 8.0f})
+            expectSame(value);
+    }
+}
+
+} // namespace
+} // namespace ogl
