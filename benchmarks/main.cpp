@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
 #include "bench_batches.h"
+#include "bench_export.h"
 #include "bench_frame.h"
 
 #include <cstdio>
@@ -9,7 +10,7 @@
 namespace {
 
 int usage() {
-    std::puts("Usage: ogl_bench [batches] [frame]\n\n"
+    std::puts("Usage: ogl_bench [batches] [export] [frame]\n\n"
               "Measures all, or what is named. One line per figure: name, value, unit.");
     return 0;
 }
@@ -28,6 +29,8 @@ int main(int argc, char** argv) {
         return usage();
     if (isWanted(argc, argv, "batches"))
         ogl::bench::benchBatches();
+    if (isWanted(argc, argv, "export"))
+        ogl::bench::benchExport();
     if (isWanted(argc, argv, "frame") && !ogl::bench::benchFrame()) {
         std::fputs("ogl_bench: no view can be made to measure frames in\n", stderr);
         return 1;
