@@ -31,7 +31,7 @@ size_t bytesPerPixel(ImageFormat format);
 /// An image in memory: rows top to bottom without padding, mipmap levels one after the other,
 /// the largest first.
 struct Image {
-    std::vector<uint8_t> pixels;
+    std::vector<uint8_t> pixels = {};
     int width = 0;
     int height = 0;
     int levels = 1; ///< stored in `pixels`

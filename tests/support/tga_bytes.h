@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+namespace ogl::test {
+
+using Bytes = std::vector<uint8_t>;
+
+/// A TGA file put together from its parts.
+struct TgaBytes {
+    uint8_t imageType = 2;
+    int width = 0;
+    int height = 0;
+    uint8_t bitsPerPixel = 24;
+    uint8_t descriptor = 0; ///< 0x20: the first row of the data is the top one
+    Bytes id = {};
+    Bytes palette = {}; ///< blue, green, red
+    uint8_t paletteStart = 0;
+    Bytes data = {};
+
+    Bytes file() const {
+        const auto entries = static_cast<unsigned>(palette.size() / 3);
+        Bytes bytes = {static_cast<uint8_t>(id.size()),
+                       static_cast<uint8_t>(palette.empty() ? 0 : 1),
+                       imageType,
+                       paletteStart,
+                       0,
+                       static_cast<uint8_t>(entries),
+                       static_cast<uint8_t>(entries >> 8),
+                       static_cast<uint8_t>(palette.empty() ? 0 : 24),
+                       0,
+                       0,
+                       0,
+                       0,
+                       static_cast<uint8_t>(width),
+                       static_cast<uint8_t>(width >> 8),
+                       static_cast<uint8_t>(height),
+                       static_cast<uint8_t>(height >> 8),
+                       bitsPerPixel,
+                       descriptor};
+        for (const Bytes* part : {&id, &palette, &data})
+            bytes.insert(bytes.end(), part->begin(), part->end());
+        return bytes;
+    }
+};
+
+} // namespace ogl::test
