@@ -6,6 +6,7 @@
 #include "api/export_call.h"
 #include "api/guard.h"
 #include "api/view_calls.h"
+#include "fixed/texture_file.h"
 #include "platform/win32.h"
 #include "render/render_context.h"
 
@@ -72,9 +73,20 @@ int OGL_CALL d3_CreateTextureFromFile() {
     return 0;
 }
 
-TextureImage* OGL_CALL d3_CreateTextureFromFileInMemory(RenderContext*, const void*, int, int, int,
-                                                        int, int, int) {
-    return nullptr;
+TextureImage* OGL_CALL d3_CreateTextureFromFileInMemory(RenderContext*, const void* data, int size,
+                                                        int usage, int fileType, int width,
+                                                        int height, int bitsPerPixel) {
+    return guarded<TextureImage*>(nullptr, [&]() -> TextureImage* {
+        if (data == nullptr || size <= 0)
+            return nullptr;
+        return makeTextureImage(
+            {.bytes = {static_cast<const uint8_t*>(data), static_cast<size_t>(size)},
+             .type = fileType,
+             .usage = usage,
+             .width = width,
+             .height = height,
+             .bitsPerPixel = bitsPerPixel});
+    });
 }
 
 void OGL_CALL d3_ReleasePointer(RenderContext*, void** pointer, int kind) {

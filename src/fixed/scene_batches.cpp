@@ -4,7 +4,7 @@
 
 #include "fixed/edge_builder.h"
 #include "fixed/mesh_batch_builder.h"
-#include "gpu/texture.h"
+#include "fixed/texture_preparation.h"
 #include "render/process_state.h"
 #include "render/renderer.h"
 
@@ -80,7 +80,7 @@ bool refreshPreviewRecord(const SCENE& scene, CACHEENTRY& record, bool force, Bo
 }
 
 void SceneBatches::refreshPreview(Renderer& renderer, VIEW& view) {
-    renderer.maxAnisotropy = materialAnisotropy();
+    prepareTextures(renderer);
     refreshPreviewRecord(*renderer.scene, view.preview, false, renderer.sceneBounds);
     preview_ = true;
     previewMeshes_.collectPreview(view.preview, materialCount(*renderer.scene));
@@ -119,6 +119,8 @@ bool SceneBatches::refreshForBitmap(Renderer& renderer, const Box& emptyBounds) 
                      (view != nullptr && anyObjectChanged(*view, kChangedForBitmap));
     if (due)
         rebuildAll(renderer, emptyBounds);
+    else
+        prepareTextures(renderer);
     return due;
 }
 
@@ -127,7 +129,7 @@ void SceneBatches::rebuildAll(Renderer& renderer, const Box& emptyBounds) {
     VIEW* view = viewOf(scene);
     const int count = view != nullptr ? cacheEntryCount(*view) : 0;
     renderer.sceneBounds = emptyBounds;
-    renderer.maxAnisotropy = materialAnisotropy();
+    prepareTextures(renderer);
     meshes_.clear();
     edgeBatch_ = std::make_unique<ColorVertexArray>();
     silhouetteBatch_ = std::make_unique<ColorVertexArray>();

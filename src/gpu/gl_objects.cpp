@@ -87,8 +87,12 @@ void deleteName(ReleasedName object) {
 
 } // namespace
 
+template <GLKind kind> bool GLObject<kind>::exists() const {
+    return name_ != kNoName && era_ == registry().era;
+}
+
 template <GLKind kind> void GLObject<kind>::create() {
-    if (exists() && era_ == registry().era)
+    if (exists())
         return;
     name_ = createName(kind);
     era_ = registry().era;

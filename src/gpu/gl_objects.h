@@ -46,7 +46,8 @@ template <GLKind kind> class GLObject {
     /// Deletes the object; nothing when there is none.
     void reset();
 
-    bool exists() const { return name_ != kNoName; }
+    /// Whether there is an object, in the contexts of the views that there are now.
+    bool exists() const;
     unsigned name() const { return name_; }
 
   private:

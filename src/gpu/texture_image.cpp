@@ -6,6 +6,34 @@
 
 namespace ogl {
 
+int textureComponents(uint32_t pixelFormat) {
+    switch (pixelFormat) {
+    case GL_LUMINANCE:
+        return 1;
+    case GL_RGB:
+    case GL_BGR:
+        return 3;
+    case GL_RGBA:
+    case GL_BGRA:
+        return 4;
+    default:
+        return 0;
+    }
+}
+
+size_t textureRowBytes(uint32_t pixelFormat, int width) {
+    const size_t bytes =
+        static_cast<size_t>(width) * static_cast<size_t>(textureComponents(pixelFormat));
+    return pixelFormat == GL_BGR ? (bytes + 3) & ~size_t{3} : bytes;
+}
+
+bool hasAllPixels(const TextureImage& image) {
+    if (image.width <= 0 || image.height <= 0)
+        return false;
+    const size_t row = textureRowBytes(image.pixelFormat, image.width);
+    return row != 0 && image.pixels.size() / row >= static_cast<size_t>(image.height);
+}
+
 TextureImage* liveImage(TextureImage* address) {
     return memory32::owns(address, memory32::Kind::TextureImage) ? address : nullptr;
 }

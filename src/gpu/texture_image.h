@@ -4,6 +4,7 @@
 
 #include "gpu/gl_objects.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -26,9 +27,19 @@ struct TextureImage {
     TextureRole role = TextureRole::Color;
     uint32_t pixelFormat = 0; ///< GL_RGB, GL_RGBA, GL_BGR, GL_BGRA or GL_LUMINANCE
     GLTexture texture;
-    std::vector<uint8_t> pixels; ///< top row first, rows without padding
+    std::vector<uint8_t> pixels; ///< top row first, rows of textureRowBytes()
     float strength = 1.0f;       ///< bump images: of the normal map made last
 };
+
+/// Bytes of a pixel of 8 bits per component; 0 for formats that texture images don't have.
+int textureComponents(uint32_t pixelFormat);
+
+/// Bytes of a row as createTexture2D reads it: of GL_BGR padded to 4 bytes, as in the bitmaps
+/// that these images come from, of other formats without padding.
+size_t textureRowBytes(uint32_t pixelFormat, int width);
+
+/// Whether the image has a size and pixels for all its rows.
+bool hasAllPixels(const TextureImage& image);
 
 /// The image at an address that a host's slot holds, or null when no live image is there.
 TextureImage* liveImage(TextureImage* address);

@@ -1,35 +1,12 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
 #include "gpu/texture.h"
-#include "gpu/texture_image.h"
+#include "render/material_images.h"
 #include "render/renderer.h"
-#include "scene/record_views.h"
 
 namespace ogl {
 
 namespace {
-
-struct MaterialImages {
-    const TextureImage* color = nullptr;
-    const TextureImage* alpha = nullptr;
-    bool shared = false;
-};
-
-/// The images that the texture mode lets the material use.
-MaterialImages imagesOf(const MATERIAL& material, const SceneLists& lists, int textureMode) {
-    MaterialImages images;
-    const TEXTURESLOT* slot = textureSlot(lists, material);
-    const bool isInline = material.textureIndex == -1;
-    if (slot == nullptr || (isInline && textureMode != kTexturesAll) ||
-        (textureMode != kTexturesAll && textureMode != kTexturesSharedOnly))
-        return images;
-    images.shared = !isInline;
-    images.color = liveImage(slot->color.get());
-    if (images.color == nullptr)
-        images.color = liveImage(slot->alternativeColor.get());
-    images.alpha = liveImage(slot->opacity.get());
-    return images;
-}
 
 void turnTexturesOff() {
     for (int unit = 3; unit >= 0; --unit) {
@@ -67,12 +44,12 @@ void Renderer::bindMaterialTextures(const MATERIAL& material, int& textured, int
         turnTexturesOff();
         return;
     }
-    const MaterialImages images = imagesOf(material, SceneLists(*scene), textureMode);
+    const MaterialImages images = materialImages(material, SceneLists(*scene), textureMode);
     sharedSlot = images.shared ? 1 : 0;
     textured = images.color != nullptr ? 1 : 0;
-    alphaMap = images.alpha != nullptr ? 1 : 0;
-    if (images.alpha != nullptr && images.alpha->texture.exists())
-        bindAlphaMap(*images.alpha, maxAnisotropy);
+    alphaMap = images.opacity != nullptr ? 1 : 0;
+    if (images.opacity != nullptr && images.opacity->texture.exists())
+        bindAlphaMap(*images.opacity, maxAnisotropy);
     else
         resetTextureUnit(1);
     // Unit 0 last, so that it is the active one.

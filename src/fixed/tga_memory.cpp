@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#include "fixed/tga_memory.h"
+
+#include "image/tga_file.h"
+
+#include <limits>
+#include <memory>
+
+// The one place of the library where the decoder is compiled, with what is used of it. Whoever
+// links the library may have one of their own.
+#define STB_IMAGE_IMPLEMENTATION
+#define STB_IMAGE_STATIC
+#define STBI_ONLY_TGA
+#define STBI_NO_STDIO
+#include <stb_image.h>
+
+namespace ogl {
+
+namespace {
+
+/// Bytes 3 and 4 say which pixel value the palette begins with; the decoder knows only 0.
+bool hasShiftedPalette(std::span<const uint8_t> file) {
+    return file[1] != 0 && (file[3] != 0 || file[4] != 0);
+}
+
+} // namespace
+
+bool decodeTgaMemory(std::span<const uint8_t> file, int width, int height, DecodedTga& image) {
+    // The decoder takes zeros for what a file lacks, so the file is measured first.
+    if (!isWholeTga(file, width, height) || hasShiftedPalette(file) ||
+        file.size() > static_cast<size_t>(std::numeric_limits<int>::max()))
+        return false;
+    int decodedWidth = 0;
+    int decodedHeight = 0;
+    const std::unique_ptr<stbi_uc, void (*)(void*)> pixels(
+        stbi_load_from_memory(file.data(), static_cast<int>(file.size()), &decodedWidth,
+                              &decodedHeight, &image.components, 0),
+        stbi_image_free);
+    if (pixels == nullptr || decodedWidth != width || decodedHeight != height)
+        return false;
+    const size_t bytes = static_cast<size_t>(width) * static_cast<size_t>(height) *
+                         static_cast<size_t>(image.components);
+    image.pixels.assign(pixels.get(), pixels.get() + bytes);
+    return true;
+}
+
+} // namespace ogl

@@ -1,0 +1,270 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#include "fixed/texture_file.h"
+
+#include "fixed/texture_image.h"
+#include "platform/memory32.h"
+#include "platform/win32.h"
+#include "support/tga_bytes.h"
+
+#include <cstring>
+#include <gtest/gtest.h>
+#include <limits>
+
+namespace ogl {
+namespace {
+
+using test::Bytes;
+using test::TgaBytes;
+
+constexpr int kMost = std::numeric_limits<int>::max();
+constexpr int kLeast = std::numeric_limits<int>::min();
+
+/// The image while the test looks at it. No image may be left over.
+class Made {
+  public:
+    explicit Made(const TextureFile& file) { slot_ = makeTextureImage(file); }
+    ~Made() { releaseTextureImage(slot_); }
+    Made(const Made&) = delete;
+    Made& operator=(const Made&) = delete;
+
+    TextureImage* get() const { return slot_.get(); }
+    TextureImage* operator->() const { return slot_.get(); }
+
+  private:
+    Ptr32<TextureImage> slot_{};
+};
+
+class TextureFileTest : public testing::Test {
+  protected:
+    void TearDown() override { EXPECT_EQ(memory32::liveCount(memory32::Kind::TextureImage), 0u); }
+};
+
+Bytes counting(size_t count) {
+    Bytes bytes(count);
+    for (size_t k = 0; k < count; ++k)
+        bytes[k] = static_cast<uint8_t>(k + 1);
+    return bytes;
+}
+
+/// A DIB whose bytes count upwards through the padding too.
+Bytes dibFile(int width, int height, int bits) {
+    BITMAPINFOHEADER header{};
+    header.biSize = sizeof header;
+    header.biWidth = width;
+    header.biHeight = height;
+    header.biPlanes = 1;
+    header.biBitCount = static_cast<WORD>(bits);
+    header.biSizeImage = static_cast<DWORD>((width * bits + 31) / 32 * 4 * height);
+    Bytes bytes(sizeof header);
+    std::memcpy(bytes.data(), &header, sizeof header);
+    const Bytes rows = counting(header.biSizeImage);
+    bytes.insert(bytes.end(), rows.begin(), rows.end());
+    return bytes;
+}
+
+template <class T> void put(Bytes& bytes, size_t offset, T value) {
+    std::memcpy(&bytes[offset], &value, sizeof value);
+}
+
+Bytes tgaFile(int width, int height, int bits, bool runs = false) {
+    const auto pixels = static_cast<size_t>(width * height);
+    TgaBytes tga{.imageType = static_cast<uint8_t>(bits == 8 ? 3 : 2),
+                 .width = width,
+                 .height = height,
+                 .bitsPerPixel = static_cast<uint8_t>(bits),
+                 .data = counting(pixels * static_cast<size_t>(bits) / 8)};
+    if (runs) {
+        tga.imageType |= 8;
+        tga.data.insert(tga.data.begin(), static_cast<uint8_t>(pixels - 1));
+    }
+    return tga.file();
+}
+
+struct Expected {
+    int type;
+    int usage;
+    int bits;
+    TextureRole role;
+    unsigned format;
+};
+
+constexpr Expected kTable[] = {
+    {7, 0, 24, TextureRole::Color, GL_RGB},         {7, 0, 32, TextureRole::Color, GL_RGBA},
+    {7, 5, 24, TextureRole::Color, GL_RGB},         {7, 5, 32, TextureRole::Color, GL_RGBA},
+    {7, 2, 8, TextureRole::Specular, GL_LUMINANCE}, {7, 2, 24, TextureRole::Specular, GL_RGB},
+    {7, 3, 8, TextureRole::Specular, GL_LUMINANCE}, {7, 3, 24, TextureRole::Specular, GL_RGB},
+    {7, 4, 24, TextureRole::Bump, GL_RGB},          {7, 6, 24, TextureRole::NormalMap, GL_RGB},
+    {8, 0, 24, TextureRole::Color, GL_BGR},         {8, 0, 32, TextureRole::Color, GL_BGRA},
+    {8, 5, 24, TextureRole::Color, GL_BGR},         {8, 5, 32, TextureRole::Color, GL_BGRA},
+    {8, 1, 8, TextureRole::Opacity, GL_LUMINANCE},  {8, 1, 24, TextureRole::Opacity, GL_RGB},
+    {8, 1, 32, TextureRole::Opacity, GL_RGBA},      {8, 3, 8, TextureRole::Specular, GL_LUMINANCE},
+    {8, 3, 24, TextureRole::Specular, GL_RGB},      {8, 3, 32, TextureRole::Specular, GL_RGBA},
+    {8, 4, 24, TextureRole::Bump, GL_RGB},          {8, 4, 32, TextureRole::Bump, GL_RGBA},
+    {8, 6, 24, TextureRole::NormalMap, GL_RGB},
+};
+
+const Expected* expectedOf(int type, int usage, int bits) {
+    for (const Expected& row : kTable)
+        if (row.type == type && row.usage == usage && row.bits == bits)
+            return &row;
+    return nullptr;
+}
+
+TEST_F(TextureFileTest, KnowsTheseCombinationsAndNoOthers) {
+    for (const int bits : {1, 8, 15, 16, 24, 32, 0, -24}) {
+        const bool whole = bits == 8 || bits == 24 || bits == 32;
+        const Bytes dib = dibFile(3, 2, whole ? bits : 24);
+        const Bytes tga = tgaFile(3, 2, whole ? bits : 24);
+        for (int type = -1; type < 12; ++type)
+            for (int usage = -1; usage < 9; ++usage) {
+                SCOPED_TRACE(testing::Message()
+                             << "type " << type << " usage " << usage << " bits " << bits);
+                const Made image({type == 7 ? tga : dib, type, usage, 3, 2, bits});
+                const Expected* expected = expectedOf(type, usage, bits);
+                ASSERT_EQ(image.get() != nullptr, expected != nullptr);
+                if (expected == nullptr)
+                    continue;
+                EXPECT_EQ(image->role, expected->role);
+                EXPECT_EQ(image->pixelFormat, expected->format);
+                EXPECT_EQ(image->width, 3);
+                EXPECT_EQ(image->height, 2);
+                EXPECT_EQ(image->strength, 1.0f);
+                EXPECT_FALSE(image->texture.exists());
+                EXPECT_TRUE(hasAllPixels(*image.get()));
+            }
+    }
+}
+
+TEST_F(TextureFileTest, TurnsDibRowsTopFirst) {
+    const struct {
+        const char* name;
+        int usage, width, bits;
+        Bytes pixels;
+    } rows[] = {
+        {"8 bits: padding dropped", 1, 3, 8, {5, 6, 7, 1, 2, 3}},
+        {"24 bits as RGB: padding dropped", 4, 1, 24, {5, 6, 7, 1, 2, 3}},
+        // GL reads rows of this format in steps of four bytes.
+        {"24 bits as BGR: padding kept, but as zeros", 0, 1, 24, {5, 6, 7, 0, 1, 2, 3, 0}},
+        {"32 bits", 0, 1, 32, {5, 6, 7, 8, 1, 2, 3, 4}},
+    };
+    for (const auto& row : rows) {
+        const Made image({dibFile(row.width, 2, row.bits), 8, row.usage, row.width, 2, row.bits});
+        ASSERT_NE(image.get(), nullptr) << row.name;
+        EXPECT_EQ(image->pixels, row.pixels) << row.name;
+    }
+}
+
+TEST_F(TextureFileTest, TakesTheRowLengthFromTheDib) {
+    Bytes wide = dibFile(1, 2, 32); // 8 bytes of pixels
+    put<uint32_t>(wide, 20, 12);    // rows of 6 bytes
+    wide.resize(40 + 12, 99);
+    const Made padded({wide, 8, 0, 1, 2, 32});
+    ASSERT_NE(padded.get(), nullptr);
+    EXPECT_EQ(padded->pixels, (Bytes{7, 8, 99, 99, 1, 2, 3, 4}));
+
+    Bytes unsized = dibFile(1, 2, 24);
+    put<uint32_t>(unsized, 20, 0); // uncompressed bitmaps need not say it
+    const Made image({unsized, 8, 4, 1, 2, 24});
+    ASSERT_NE(image.get(), nullptr);
+    EXPECT_EQ(image->pixels, (Bytes{5, 6, 7, 1, 2, 3}));
+}
+
+TEST_F(TextureFileTest, DecodesTgasUprightInTheirOwnOrder) {
+    for (const bool runs : {false, true}) {
+        const Made rgb({tgaFile(1, 2, 24, runs), 7, 0, 1, 2, 24});
+        ASSERT_NE(rgb.get(), nullptr);
+        EXPECT_EQ(rgb->pixels, (Bytes{6, 5, 4, 3, 2, 1}));
+        const Made rgba({tgaFile(1, 2, 32, runs), 7, 5, 1, 2, 32});
+        ASSERT_NE(rgba.get(), nullptr);
+        EXPECT_EQ(rgba->pixels, (Bytes{7, 6, 5, 8, 3, 2, 1, 4}));
+        const Made grey({tgaFile(1, 2, 8, runs), 7, 3, 1, 2, 8});
+        ASSERT_NE(grey.get(), nullptr);
+        EXPECT_EQ(grey->pixels, (Bytes{2, 1}));
+    }
+    TgaBytes topFirst{.width = 1, .height = 2, .descriptor = 0x20, .data = counting(6)};
+    const Made upright({topFirst.file(), 7, 0, 1, 2, 24});
+    ASSERT_NE(upright.get(), nullptr);
+    EXPECT_EQ(upright->pixels, (Bytes{3, 2, 1, 6, 5, 4}));
+}
+
+// Each in memory of exactly its length, so that a sanitizer sees a read past the end.
+TEST_F(TextureFileTest, RefusesEveryTruncation) {
+    const struct {
+        const char* name;
+        int type, bits;
+        Bytes file;
+    } rows[] = {
+        {"DIB, 24 bits", 8, 24, dibFile(3, 3, 24)},    {"DIB, 32 bits", 8, 32, dibFile(3, 3, 32)},
+        {"TGA, 24 bits", 7, 24, tgaFile(3, 3, 24)},    {"TGA, 32 bits", 7, 32, tgaFile(3, 3, 32)},
+        {"TGA, runs", 7, 24, tgaFile(3, 3, 24, true)},
+    };
+    for (const auto& row : rows)
+        for (size_t length = 0; length <= row.file.size(); ++length) {
+            const Bytes cut(row.file.begin(), row.file.begin() + static_cast<ptrdiff_t>(length));
+            const Made image({cut, row.type, 0, 3, 3, row.bits});
+            EXPECT_EQ(image.get() != nullptr, length == row.file.size())
+                << row.name << ", " << length << " bytes";
+        }
+}
+
+TEST_F(TextureFileTest, RefusesNumbersThatContradictTheFile) {
+    const struct {
+        int width, height, bits;
+    } rows[] = {{4, 3, 24},     {3, 4, 24},         {2, 3, 24},          {3, 2, 24},  {3, 3, 32},
+                {0, 3, 24},     {3, 0, 24},         {-3, 3, 24},         {3, -3, 24}, {-3, -3, 24},
+                {kMost, 3, 24}, {kMost, kMost, 24}, {kLeast, kLeast, 24}};
+    for (const auto& row : rows)
+        for (const int type : {7, 8}) {
+            const Bytes file = type == 7 ? tgaFile(3, 3, 24) : dibFile(3, 3, 24);
+            const Made image({file, type, 0, row.width, row.height, row.bits});
+            EXPECT_EQ(image.get(), nullptr)
+                << "type " << type << ": " << row.width << " x " << row.height << ", " << row.bits;
+        }
+}
+
+TEST_F(TextureFileTest, RefusesDamagedDibs) {
+    const struct {
+        const char* name;
+        size_t offset;
+        uint32_t value;
+        int width, height;
+    } rows[] = {
+        {"another header", 0, 108, 3, 3},
+        {"negative width", 4, static_cast<uint32_t>(-3), -3, 3},
+        {"negative height", 8, static_cast<uint32_t>(-3), 3, -3},
+        {"huge width", 4, 0x7fffffff, 0x7fffffff, 3},
+        {"huge height", 8, 0x7fffffff, 3, 0x7fffffff},
+        {"compressed", 16, 1, 3, 3},
+        {"with colour masks", 16, 3, 3, 3},
+        {"rows too short", 20, 3 * 8, 3, 3},
+        {"rows past the end", 20, 3 * 16, 3, 3},
+        {"huge rows", 20, 0xffffffff, 3, 3},
+    };
+    for (const auto& row : rows) {
+        Bytes file = dibFile(3, 3, 24);
+        put(file, row.offset, row.value);
+        const Made image({file, 8, 0, row.width, row.height, 24});
+        EXPECT_EQ(image.get(), nullptr) << row.name;
+    }
+}
+
+TEST_F(TextureFileTest, RefusesTgasOfOtherComponents) {
+    TgaBytes palette{.imageType = 1,
+                     .width = 2,
+                     .height = 1,
+                     .bitsPerPixel = 8,
+                     .palette = counting(6),
+                     .data = {0, 1}};
+    const Made grey({palette.file(), 7, 3, 2, 1, 8});
+    EXPECT_EQ(grey.get(), nullptr) << "it holds colours";
+    const Made colors({palette.file(), 7, 0, 2, 1, 24});
+    ASSERT_NE(colors.get(), nullptr);
+    EXPECT_EQ(colors->pixels, (Bytes{3, 2, 1, 6, 5, 4}));
+    palette.paletteStart = 1;
+    const Made shifted({palette.file(), 7, 0, 2, 1, 24});
+    EXPECT_EQ(shifted.get(), nullptr) << "the decoder would take other bytes for the palette";
+}
+
+} // namespace
+} // namespace ogl
