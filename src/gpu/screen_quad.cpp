@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#include "gpu/screen_quad.h"
+
+#include "platform/win32.h"
+
+namespace ogl {
+
+namespace {
+
+void pushUnitSquare(const ScreenQuad& quad) {
+    glMatrixMode(GL_PROJECTION);
+    glPushMatrix();
+    glLoadIdentity();
+    glOrtho(0.0, 1.0, 0.0, 1.0, -1.0, 1.0);
+    glMatrixMode(GL_MODELVIEW);
+    glPushMatrix();
+    glLoadIdentity();
+    glTranslatef(quad.offsetX, quad.offsetY, 0.0f);
+}
+
+void popMatrices() {
+    glMatrixMode(GL_PROJECTION);
+    glPopMatrix();
+    glMatrixMode(GL_MODELVIEW);
+    glPopMatrix();
+}
+
+} // namespace
+
+void drawScreenQuad(const ScreenQuad& quad) {
+    glColor4f(1.0f, 1.0f, 1.0f, 1.0f);
+    glDisable(GL_DEPTH_TEST);
+    glDisable(GL_ALPHA_TEST);
+    glDisable(GL_BLEND);
+    glDisable(GL_LIGHTING);
+    glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
+    glDepthMask(GL_FALSE);
+    pushUnitSquare(quad);
+    glBegin(GL_QUADS);
+    glTexCoord2f(0.0f, 0.0f);
+    glVertex2f(0.0f, 0.0f);
+    glTexCoord2f(0.0f, quad.textureHeight);
+    glVertex2f(0.0f, quad.scale);
+    glTexCoord2f(quad.textureWidth, quad.textureHeight);
+    glVertex2f(quad.scale, quad.scale);
+    glTexCoord2f(quad.textureWidth, 0.0f);
+    glVertex2f(quad.scale, 0.0f);
+    glEnd();
+    popMatrices();
+    glDepthMask(GL_TRUE);
+}
+
+} // namespace ogl
