@@ -3,6 +3,7 @@
 //
 // The light passes' programs against their formulas.
 #include "gl/shader_bench.h"
+#include "gl/shading_formulas.h"
 #include "gpu/texture.h"
 
 #include <algorithm>
@@ -11,29 +12,15 @@
 namespace ogl {
 namespace {
 
+using test::dot;
 using test::expectTexel;
+using test::kPi;
 using test::Surface;
 using test::Texel;
 
 constexpr Vec3 kEye{1.0f, -4.0f, 3.0f};
 constexpr Vec3 kLight{0.8f, 0.3f, 2.5f};
 constexpr Texel kIntensity{0.9f, 0.6f, 0.3f, 0.65f};
-constexpr float kPi = 3.14159265f;
-
-float dot(Vec3 a, Vec3 b) {
-    return a.x * b.x + a.y * b.y + a.z * b.z;
-}
-
-/// The highlight of a surface lit along `toLight`.
-float highlight(const Surface& s, Vec3 toLight) {
-    const Vec3 view = normalized(kEye - s.place);
-    const Vec3 half = normalized(toLight + view);
-    const float cosine = dot(toLight, s.normal);
-    const float power = std::max(std::pow(std::max(dot(half, s.normal), 0.0f), s.shininess), 1e-5f);
-    return std::min((s.shininess + 1.0f) * power /
-                        (8.0f * kPi * dot(half, toLight) * std::max(cosine, dot(view, s.normal))),
-                    6.0f);
-}
 
 /// Light of `diffuse` and `specular` strength.
 Texel lit(float diffuse, float specular) {
@@ -45,7 +32,8 @@ Texel sunlight(const Surface& s, Vec3 toSun, float visible = 1.0f) {
     const float cosine = std::max(dot(toSun, s.normal), 0.0f);
     if (cosine <= 0.0f || visible == 0.0f)
         return {};
-    return lit(cosine * visible, s.specular > 0.0f ? highlight(s, toSun) * visible : 0.0f);
+    return lit(cosine * visible,
+               s.specular > 0.0f ? test::highlight(s, toSun, kEye) * visible : 0.0f);
 }
 
 Texel pointlight(const Surface& s) {
@@ -54,7 +42,7 @@ Texel pointlight(const Surface& s) {
     if (cosine <= 0.0f)
         return {};
     return lit(cosine / (dot(way, way) + 0.02f),
-               s.specular > 0.0f ? highlight(s, normalized(way)) : 0.0f);
+               s.specular > 0.0f ? test::highlight(s, normalized(way), kEye) : 0.0f);
 }
 
 Texel spotlight(const Surface& s, Vec3 beam, float cutoff, bool attenuated) {
@@ -66,7 +54,7 @@ Texel spotlight(const Surface& s, Vec3 beam, float cutoff, bool attenuated) {
     if (k <= 0.0001f)
         return {};
     return lit(attenuated ? k / (dot(way, way) + 0.02f) : k,
-               s.specular > 0.0f ? highlight(s, toLight) * k : 0.0f);
+               s.specular > 0.0f ? test::highlight(s, toLight, kEye) * k : 0.0f);
 }
 
 /// Surfaces that the light of these tests meets in every way.

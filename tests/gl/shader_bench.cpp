@@ -77,7 +77,7 @@ void ShaderBench::setSize(int newWidth, int newHeight) {
     height_ = newHeight;
     output_.release();
     ASSERT_TRUE(output_.create(
-        {TargetKind::Texture2D, width_, height_, 1, DepthMode::None, 0, ColorFormat::Rgba32f}));
+        {TargetKind::Texture2D, width_, height_, 3, DepthMode::None, 0, ColorFormat::Rgba32f}));
 }
 
 void ShaderBench::fillGBuffer(const std::vector<std::vector<Surface>>& samples) {
@@ -119,7 +119,7 @@ GLTexture ShaderBench::makeTexture(unsigned target, int width, int height,
     EXPECT_EQ(texels.size(), static_cast<size_t>(width) * static_cast<size_t>(height));
     GLTexture texture;
     texture.create();
-    glActiveTexture(GL_TEXTURE0);
+    glActiveTexture(GL_TEXTURE7); // no test reads it
     glBindTexture(target, texture.name());
     glTexImage2D(target, 0, GL_RGBA32F, width, height, 0, GL_RGBA, GL_FLOAT, texels.data());
     glTexParameteri(target, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
@@ -145,13 +145,23 @@ ShaderProgram& ShaderBench::use(ProgramIndex index) {
 }
 
 std::vector<Texel> ShaderBench::draw() {
-    std::vector<Texel> result(pixels());
+    return drawOutputs([] { drawScreenQuad(); })[0];
+}
+
+std::array<std::vector<Texel>, 3> ShaderBench::drawOutputs(const std::function<void()>& geometry) {
+    std::array<std::vector<Texel>, 3> result;
     output_.bind();
-    output_.setDrawBuffer(0);
-    output_.setReadBuffer(0);
+    output_.setAllDrawBuffers();
     glViewport(0, 0, width_, height_);
-    drawScreenQuad();
-    glReadPixels(0, 0, width_, height_, GL_RGBA, GL_FLOAT, result.data());
+    glClearColor(kClear[0], kClear[1], kClear[2], kClear[3]);
+    glClear(GL_COLOR_BUFFER_BIT);
+    geometry();
+    for (int i = 0; i < 3; ++i) {
+        std::vector<Texel>& texels = result[static_cast<size_t>(i)];
+        texels.resize(pixels());
+        output_.setReadBuffer(i);
+        glReadPixels(0, 0, width_, height_, GL_RGBA, GL_FLOAT, texels.data());
+    }
     output_.unbind();
     finish();
     return result;

@@ -7,6 +7,7 @@
 #include "render/program_sources.h"
 
 #include <array>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -52,6 +53,9 @@ class ShaderBench : public GLTest {
     ShaderProgram& use(ProgramIndex index);
     /// Draws a full-screen quad with the program in use; the pixels, bottom row first.
     std::vector<Texel> draw();
+    /// Draws something with the program in use over pixels of kClear; the pixels of each output.
+    std::array<std::vector<Texel>, 3> drawOutputs(const std::function<void()>& geometry);
+    static constexpr Texel kClear{-1, -2, -3, -4};
     size_t pixels() const { return static_cast<size_t>(width_) * static_cast<size_t>(height_); }
 
     int width_ = 8;
