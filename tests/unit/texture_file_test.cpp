@@ -5,7 +5,7 @@
 #include "fixed/texture_image.h"
 #include "platform/memory32.h"
 #include "platform/win32.h"
-#include "support/tga_bytes.h"
+#include "support/image_bytes.h"
 
 #include <cstring>
 #include <gtest/gtest.h>
@@ -49,16 +49,8 @@ Bytes counting(size_t count) {
 
 /// A DIB whose bytes count upwards through the padding too.
 Bytes dibFile(int width, int height, int bits) {
-    BITMAPINFOHEADER header{};
-    header.biSize = sizeof header;
-    header.biWidth = width;
-    header.biHeight = height;
-    header.biPlanes = 1;
-    header.biBitCount = static_cast<WORD>(bits);
-    header.biSizeImage = static_cast<DWORD>((width * bits + 31) / 32 * 4 * height);
-    Bytes bytes(sizeof header);
-    std::memcpy(bytes.data(), &header, sizeof header);
-    const Bytes rows = counting(header.biSizeImage);
+    Bytes bytes = test::dibHeader(width, height, bits);
+    const Bytes rows = counting(static_cast<size_t>((width * bits + 31) / 32 * 4 * height));
     bytes.insert(bytes.end(), rows.begin(), rows.end());
     return bytes;
 }

@@ -3,7 +3,7 @@
 #include "image/tga_file.h"
 
 #include "support/temp_folder.h"
-#include "support/tga_bytes.h"
+#include "support/image_bytes.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/win32.h"
+
 #include <cstdint>
+#include <cstring>
 #include <vector>
 
 namespace ogl::test {
@@ -46,5 +49,32 @@ struct TgaBytes {
         return bytes;
     }
 };
+
+/// The header of a DIB with rows padded to 4 bytes.
+inline Bytes dibHeader(int width, int height, int bits) {
+    BITMAPINFOHEADER header{};
+    header.biSize = sizeof header;
+    header.biWidth = width;
+    header.biHeight = height;
+    header.biPlanes = 1;
+    header.biBitCount = static_cast<WORD>(bits);
+    header.biSizeImage = static_cast<DWORD>((width * bits + 31) / 32 * 4 * height);
+    Bytes bytes(sizeof header);
+    std::memcpy(bytes.data(), &header, sizeof header);
+    return bytes;
+}
+
+/// A DIB of pixels that are given top row first and without padding.
+inline Bytes dibBytes(int width, int height, int bits, const Bytes& pixels) {
+    constexpr uint8_t kPadding = 0xee; // a colour that shows
+    Bytes bytes = dibHeader(width, height, bits);
+    const int rowBytes = width * bits / 8;
+    for (int y = height - 1; y >= 0; --y) {
+        const auto row = pixels.begin() + y * rowBytes;
+        bytes.insert(bytes.end(), row, row + rowBytes);
+        bytes.insert(bytes.end(), static_cast<size_t>(-rowBytes & 3), kPadding);
+    }
+    return bytes;
+}
 
 } // namespace ogl::test
