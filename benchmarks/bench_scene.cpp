@@ -15,6 +15,14 @@ test::FaceShape tile(Vec3 corner, int number, int16_t material) {
                       material);
 }
 
+/// Adds the face's own triangles again until there are as many as asked for.
+void repeatTriangles(test::FaceShape& face, int triangles) {
+    const std::vector<Vec3> own = face.triangles;
+    for (size_t k = own.size(); k < 3 * static_cast<size_t>(triangles); ++k)
+        face.triangles.push_back(own[k % own.size()] +
+                                 Vec3{0.0f, 0.0f, 0.001f} * static_cast<float>(k / own.size()));
+}
+
 } // namespace
 
 SceneSize millionTriangles(int materials) {
@@ -31,7 +39,9 @@ void makeScene(test::SceneFixture& fixture, const SceneSize& size) {
                           0.0f};
         for (int f = 0; f < size.facesPerObject; ++f) {
             const int material = (k * 7 + f % size.materialsPerObject * 5) % size.materials;
-            fixture.addFace(tile(corner, f, static_cast<int16_t>(material)));
+            test::FaceShape face = tile(corner, f, static_cast<int16_t>(material));
+            repeatTriangles(face, size.trianglesPerFace);
+            fixture.addFace(face);
         }
     }
     fixture.commit();

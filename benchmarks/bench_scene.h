@@ -9,9 +9,10 @@ namespace ogl::bench {
 /// What a scene for measuring is made of: boxes of small quadrilaterals in a grid.
 struct SceneSize {
     int objects;
-    int facesPerObject; ///< two triangles each
+    int facesPerObject;
     int materials;
     int materialsPerObject; ///< an object's faces take turns with these
+    int trianglesPerFace = 2;
 };
 
 /// A million triangles in five thousand objects.

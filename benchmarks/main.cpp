@@ -3,15 +3,39 @@
 #include "bench_batches.h"
 #include "bench_export.h"
 #include "bench_frame.h"
+#include "bench_pick.h"
 
 #include <cstdio>
 #include <cstring>
 
 namespace {
 
+using namespace ogl::bench;
+
+/// Adapts a measurement that cannot fail.
+template <void (*measure)()> bool always() {
+    measure();
+    return true;
+}
+
+struct Bench {
+    const char* name;
+    bool (*run)(); ///< false when no view can be made to measure in
+};
+
+constexpr Bench kBenches[] = {
+    {"batches", always<benchBatches>},
+    {"export", always<benchExport>},
+    {"frame", benchFrame},
+    {"pick", always<benchPick>},
+};
+
 int usage() {
-    std::puts("Usage: ogl_bench [batches] [export] [frame]\n\n"
-              "Measures all, or what is named. One line per figure: name, value, unit.");
+    std::printf("Usage: ogl_bench [NAME...]\n\nMeasures all, or what is named, and prints a line "
+                "per figure: name, value, unit. Names:");
+    for (const Bench& bench : kBenches)
+        std::printf(" %s", bench.name);
+    std::printf("\n");
     return 0;
 }
 
@@ -27,13 +51,10 @@ bool isWanted(int argc, char** argv, const char* name) {
 int main(int argc, char** argv) {
     if (argc > 1 && std::strcmp(argv[1], "--help") == 0)
         return usage();
-    if (isWanted(argc, argv, "batches"))
-        ogl::bench::benchBatches();
-    if (isWanted(argc, argv, "export"))
-        ogl::bench::benchExport();
-    if (isWanted(argc, argv, "frame") && !ogl::bench::benchFrame()) {
-        std::fputs("ogl_bench: no view can be made to measure frames in\n", stderr);
-        return 1;
-    }
+    for (const Bench& bench : kBenches)
+        if (isWanted(argc, argv, bench.name) && !bench.run()) {
+            std::fprintf(stderr, "ogl_bench: %s: no view can be made to measure in\n", bench.name);
+            return 1;
+        }
     return 0;
 }

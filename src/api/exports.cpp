@@ -5,6 +5,7 @@
 #include "api/draw_calls.h"
 #include "api/export_call.h"
 #include "api/guard.h"
+#include "api/pick_call.h"
 #include "api/view_calls.h"
 #include "fixed/texture_file.h"
 #include "platform/win32.h"
@@ -52,12 +53,10 @@ int OGL_CALL d3_DrawInFile(RenderContext* ctx, SCENE*, unsigned, int, int, const
     });
 }
 
-int OGL_CALL d3_GetPickedObjects(SCENE*, int, int, int, int, int** result, int* hitCount) {
+int OGL_CALL d3_GetPickedObjects(SCENE* scene, int viewWidth, int viewHeight, int x, int y,
+                                 int** result, int* hitCount) {
     return guarded(1, [&] {
-        if (hitCount != nullptr)
-            *hitCount = 0;
-        if (result != nullptr)
-            *result = static_cast<int*>(GlobalLock(GlobalAlloc(0, 0)));
+        handOverPicked(scene, {viewWidth, viewHeight, x, y}, result, hitCount);
         return 1;
     });
 }

@@ -2,11 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "scene/record_views.h"
 
+#include "scene/triangle_hit.h"
+
 namespace ogl {
 
 namespace {
 
-constexpr int kTriangleBytes = 36;
 constexpr double kZoomUnits = 32000.0;
 
 ListView<OBJECT> objectsOf(const SCENE& scene) {
