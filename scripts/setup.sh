@@ -30,6 +30,7 @@ build_packages=(
     libstb-dev
     libx11-dev
     ninja-build
+    nlohmann-json3-dev
     xvfb
 )
 run_packages=(assimp-testmodels)

@@ -50,6 +50,9 @@ struct Parsed {
     std::string output;
     int antialias = RenderOptions{}.antialias;
     bool listObjects = false;
+    int pickX = 0;
+    int pickY = 0;
+    bool json = false;
 };
 
 void addModelOptions(CLI::App& command, Parsed& parsed) {
@@ -239,6 +242,15 @@ Request readCommandLine(int argc, const char* const* argv) {
     addModelOptions(info, parsed);
     info.add_flag("--objects", parsed.listObjects, "List the objects with their sizes in metres");
 
+    CLI::App& pick = *app.add_subcommand("pick", "Tell which objects lie under a pixel");
+    addModelOptions(pick, parsed);
+    pick.add_option("X", parsed.pickX, "Pixel, counted from the left")->required();
+    pick.add_option("Y", parsed.pickY, "Pixel, counted from the top")->required();
+    pick.add_option("--size", parsed.texts.size, "Size of the view in pixels (1600x1200)")
+        ->type_name("WxH");
+    pick.add_flag("--json", parsed.json, "Print one JSON object");
+    addViewOptions(pick, parsed);
+
     if (parse(app, argc, argv))
         return NothingToDo{};
     const CLI::App& command = *app.get_subcommands().front();
@@ -246,8 +258,16 @@ Request readCommandLine(int argc, const char* const* argv) {
     if (&command == &info)
         return InfoOptions{parsed.model, parsed.listObjects};
     understandView(command, parsed);
-    understandStyle(command, parsed);
     const bool sized = command.count("--size") != 0;
+    if (&command == &pick) {
+        PickOptions options{parsed.model, parsed.view};
+        options.size = sized ? parseSize(parsed.texts.size) : options.size;
+        options.x = parsed.pickX;
+        options.y = parsed.pickY;
+        options.json = parsed.json;
+        return options;
+    }
+    understandStyle(command, parsed);
     if (&command == &show) {
         ShowOptions options{parsed.model, parsed.view, parsed.style, parsed.library};
         options.size = sized ? parseSize(parsed.texts.size) : options.size;

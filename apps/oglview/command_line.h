@@ -11,7 +11,7 @@ namespace oglview {
 /// Nothing left to do: help or version was printed.
 struct NothingToDo {};
 
-using Request = std::variant<NothingToDo, RenderOptions, ShowOptions, InfoOptions>;
+using Request = std::variant<NothingToDo, RenderOptions, ShowOptions, PickOptions, InfoOptions>;
 
 /// Reads the command line. Prints help or version to standard output when asked to. Throws
 /// UserError for a command line that it cannot take.

@@ -12,5 +12,6 @@ namespace oglview {
 int renderCommand(const std::string& program, const RenderOptions& options);
 int showCommand(const std::string& program, const ShowOptions& options);
 int infoCommand(const std::string& program, const InfoOptions& options);
+int pickCommand(const std::string& program, const PickOptions& options);
 
 } // namespace oglview

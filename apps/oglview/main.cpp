@@ -35,6 +35,8 @@ int runRequest(const oglview::Request& request) {
         return oglview::showCommand(program, *show);
     if (const auto* info = std::get_if<oglview::InfoOptions>(&request))
         return oglview::infoCommand(program, *info);
+    if (const auto* pick = std::get_if<oglview::PickOptions>(&request))
+        return oglview::pickCommand(program, *pick);
     return 0;
 }
 

@@ -63,6 +63,15 @@ struct ShowOptions {
     Size size{1280, 800};
 };
 
+struct PickOptions {
+    ModelOptions model;
+    ViewOptions view;
+    Size size{1600, 1200}; ///< of the view, as a picture of it has
+    int x = 0;             ///< pixel, from the top left corner
+    int y = 0;
+    bool json = false;
+};
+
 struct InfoOptions {
     ModelOptions model;
     bool listObjects = false;
