@@ -195,18 +195,18 @@ TEST_F(Program, TellsWhatLiesUnderAPixel) {
     if (!ogl::test::programReadsModels())
         return;
     ogl::test::writeFile(folder_.file("two.obj"),
-                         "o near \"one\"\nv 0 0 0\nv 4 0 0\nv 4 4 0\nf 1 2 3\n"
+                         "o near\"one\"\nv 0 0 0\nv 4 0 0\nv 4 4 0\nf 1 2 3\n"
                          "o far\nv 0 0 -2\nv 4 0 -2\nv 4 4 -2\nf 4 5 6\n");
     const std::vector<std::string> both = {
         "pick",     folder_.file("two.obj"), "60",    "50", "--size", "100x100",
         "--camera", "2.5,-20,2,2.5,0,2",     "--fov", "20", "--unit", "m"};
     const ProcessResult picked = run(both);
     EXPECT_EQ(picked.exitCode, 0);
-    EXPECT_EQ(picked.output, "     0  near \"one\"\n     1  far\n");
+    EXPECT_EQ(picked.output, "     0  near\"one\"\n     1  far\n");
     json = both;
     json.emplace_back("--json");
     EXPECT_EQ(run(json).output, "{\"x\":60,\"y\":50,\"objects\":["
-                                "{\"number\":0,\"name\":\"near \\\"one\\\"\"},"
+                                "{\"number\":0,\"name\":\"near\\\"one\\\"\"},"
                                 "{\"number\":1,\"name\":\"far\"}]}\n");
 }
 
