@@ -69,6 +69,8 @@ std::vector<Surface> variedSurfaces() {
         surfaces[i].shininess = 5.0f + 20.0f * f;
         surfaces[i].specular = i == 2 ? 0.0f : 0.5f;
     }
+    surfaces[1].place = kLight - Vec3{-0.15f, 0.05f, 0.0f}; // close to the light
+    surfaces[1].normal = {-1, 0, 0};
     return surfaces;
 }
 
@@ -125,9 +127,11 @@ class LightShaderTest : public test::ShaderBench {
 };
 
 TEST_F(LightShaderTest, TheSunAddsDiffuseLightAndHighlights) {
-    const auto surfaces = variedSurfaces();
-    fillGBuffer({surfaces});
+    auto surfaces = variedSurfaces();
     const Vec3 toSun = normalized({0.4f, -0.5f, 0.8f});
+    surfaces[0].normal = normalized(toSun + normalized(kEye - surfaces[0].place)); // dazzles
+    surfaces[0].shininess = 900.0f;
+    fillGBuffer({surfaces});
     useLight(kImgSunlight).setVec3v("lightDir", &toSun.x);
     expectAdded(surfaces, [&](const Surface& s) { return sunlight(s, toSun); });
 }

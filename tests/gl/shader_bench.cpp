@@ -85,8 +85,13 @@ void ShaderBench::fillGBuffer(const std::vector<std::vector<Surface>>& samples) 
     ASSERT_TRUE(gBuffer_.create({TargetKind::Texture2D, width_, height_, 3, DepthMode::None,
                                  static_cast<int>(samples.size()), ColorFormat::Rgba32f}));
     ASSERT_EQ(gBuffer_.samples(), static_cast<int>(samples.size()));
-    gBuffer_.bind();
-    gBuffer_.setAllDrawBuffers();
+    writeSurfaces(gBuffer_, samples);
+}
+
+void ShaderBench::writeSurfaces(RenderTarget& target,
+                                const std::vector<std::vector<Surface>>& samples) {
+    target.bind();
+    target.setAllDrawBuffers();
     glViewport(0, 0, width_, height_);
     glEnable(GL_SAMPLE_MASK);
     writer_->use();
@@ -111,7 +116,30 @@ void ShaderBench::fillGBuffer(const std::vector<std::vector<Surface>>& samples) 
     }
     glDisable(GL_SAMPLE_MASK);
     finish();
-    gBuffer_.unbind();
+    target.unbind();
+}
+
+void ShaderBench::writeTexels(RenderTarget& target, int attachment,
+                              const std::vector<Texel>& texels) {
+    const GLTexture texture = makeTexture(GL_TEXTURE_RECTANGLE, width_, height_, texels);
+    target.bind();
+    target.setDrawBuffer(attachment);
+    glViewport(0, 0, width_, height_);
+    writer_->use();
+    writer_->setInt("place", 0);
+    bindTexture(0, TextureKind::Rectangle, texture.name(), GL_NEAREST, 1.0f);
+    drawScreenQuad();
+    finish();
+    target.unbind();
+}
+
+std::vector<Texel> ShaderBench::texelsOf(RenderTarget& target, int attachment) const {
+    std::vector<Texel> texels(pixels());
+    target.bind();
+    target.setReadBuffer(attachment);
+    glReadPixels(0, 0, width_, height_, GL_RGBA, GL_FLOAT, texels.data());
+    target.unbind();
+    return texels;
 }
 
 GLTexture ShaderBench::makeTexture(unsigned target, int width, int height,

@@ -42,6 +42,12 @@ class ShaderBench : public GLTest {
     void setSize(int newWidth, int newHeight);
     /// Fills the G-buffer, one list of width x height surfaces for each sample, bottom row first.
     void fillGBuffer(const std::vector<std::vector<Surface>>& samples);
+    /// The same for a target of the picture's size with three attachments.
+    void writeSurfaces(RenderTarget& target, const std::vector<std::vector<Surface>>& samples);
+    /// Writes a picture into an attachment of a target without samples.
+    void writeTexels(RenderTarget& target, int attachment, const std::vector<Texel>& texels);
+    /// The pixels of an attachment of a target without samples.
+    std::vector<Texel> texelsOf(RenderTarget& target, int attachment) const;
     /// Makes a texture of full-precision texels: GL_TEXTURE_2D or GL_TEXTURE_RECTANGLE.
     static GLTexture makeTexture(unsigned target, int width, int height,
                                  const std::vector<Texel>& texels);

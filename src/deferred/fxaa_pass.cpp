@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#include "deferred/fxaa_pass.h"
+
+#include "gpu/gl_debug.h"
+#include "gpu/screen_quad.h"
+#include "gpu/texture.h"
+
+namespace ogl {
+
+namespace {
+
+/// Searches along an edge end at the picture's border instead of going round it.
+void clampAtBorder() {
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE);
+}
+
+} // namespace
+
+void FxaaPass::draw() const {
+    const DebugGroup group("fxaa");
+    program.use();
+    program.setInt("tex", 0);
+    setPixelSize(program, frame);
+    bindTexture(0, TextureKind::Clamped, frame.targets.edgeTarget->colorTexture(0), GL_LINEAR,
+                1.0f);
+    clampAtBorder();
+
+    drawScreenQuad({.textureWidth = static_cast<float>(frame.width),
+                    .textureHeight = static_cast<float>(frame.height)});
+
+    endImagePass(0);
+}
+
+} // namespace ogl

@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "gpu/frame_target_set.h"
+#include "gpu/shader_program.h"
+#include "scene/vector3.h"
+
+namespace ogl {
+
+/// What the image passes of a frame share.
+struct FrameView {
+    FrameTargetSet& targets;
+    int width; ///< of the picture, pixels
+    int height;
+    int samples; ///< of the G-buffer
+    Vec3 eye;    ///< of the view, scene coordinates
+};
+
+/// Attachments of the G-buffer.
+inline constexpr int kPlaces = 0;   ///< place in the scene, shininess
+inline constexpr int kSurfaces = 1; ///< encoded normal, object id, specular factor
+inline constexpr int kColors = 2;   ///< diffuse colour, reflection factor
+
+/// Binds an attachment of the G-buffer, of the light target (filter: GL_LINEAR or GL_NEAREST), or
+/// the edge target on a unit.
+void bindSurfaces(const FrameView& frame, int unit, int attachment);
+void bindLight(const FrameView& frame, int unit, int attachment, int filter);
+void bindEdges(const FrameView& frame, int unit);
+
+/// Tells the program in use the size of a pixel in texture coordinates, "rcpFrame".
+void setPixelSize(const ShaderProgram& program, const FrameView& frame);
+
+/// Copies attachment `from` of the light target, which must be bound, into attachment `to`.
+/// Leaves unit 0 reset.
+void copyLight(const FrameView& frame, int from, int to);
+
+/// No program any more, and units `lastUnit` to 0 reset.
+void endImagePass(int lastUnit);
+
+} // namespace ogl
