@@ -75,7 +75,7 @@ Samples patchwork(int width, int height, size_t sampleCount) {
             Surface s = test::uncovered();
             if (kind != 3) {
                 s.place = {part() * 0.2f, part() * 0.2f, 0.3f * static_cast<float>(kind)};
-                s.normal = normalized({kind == 1 ? 1.0f : 0.1f, part() * 0.2f, 0.7f});
+                s.normal = normalized({part() * 1.5f, part() * 0.2f, 0.7f});
                 s.id = static_cast<float>(kind + 1);
                 s.shininess = 10.0f;
                 s.specular = part();
