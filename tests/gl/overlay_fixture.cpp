@@ -47,10 +47,36 @@ POINT OverlayTest::seenAt(Vec3 point) {
     return pixel;
 }
 
-bool OverlayTest::isSeen(const Picture& picture, Vec3 point, Pixel color, int tolerance) {
+namespace {
+
+/// The colour lies over at least two fifths of a pixel of the ground.
+bool covers(Pixel pixel, Pixel ground, Pixel color) {
+    const auto mixed = [](int a, int b, float share) {
+        return static_cast<int>(
+            std::lround(static_cast<float>(a) * (1.0f - share) + static_cast<float>(b) * share));
+    };
+    for (int share = 8; share <= 20; ++share) {
+        const float t = static_cast<float>(share) * 0.05f;
+        if (isNear(pixel,
+                   {mixed(ground.red, color.red, t), mixed(ground.green, color.green, t),
+                    mixed(ground.blue, color.blue, t)},
+                   6))
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+bool OverlayTest::isLineAt(const Picture& picture, int x, int y, Pixel color) {
+    const int row = picture.height() - 1 - y;
+    return picture.count(x - 1, row - 1, x + 2, row + 2,
+                         [&](Pixel p) { return covers(p, kGround, color); }) > 0;
+}
+
+bool OverlayTest::isLineSeen(const Picture& picture, Vec3 point, Pixel color) {
     const POINT p = seenAt(point);
-    return isFoundNear(picture, static_cast<int>(p.x), picture.height() - 1 - static_cast<int>(p.y),
-                       color, tolerance);
+    return isLineAt(picture, static_cast<int>(p.x), static_cast<int>(p.y), color);
 }
 
 Ptr32<uint8_t> OverlayTest::hostText(const std::string& text) {

@@ -35,8 +35,11 @@ class OverlayTest : public GLTest {
     static int countNear(const Picture& picture, const RECT& area, Pixel color, int tolerance);
     /// Where a point of the scene, at any height, is seen: pixels from the left and the top.
     static POINT seenAt(Vec3 point);
-    /// A pixel on or beside the point's image has the colour.
-    static bool isSeen(const Picture& picture, Vec3 point, Pixel color, int tolerance = 2);
+    /// A line of the colour runs through the pixel, counted from the top left corner, or beside it.
+    /// It may cover the pixel by half.
+    static bool isLineAt(const Picture& picture, int x, int y, Pixel color);
+    /// A line of the colour is seen where the point of the scene is.
+    static bool isLineSeen(const Picture& picture, Vec3 point, Pixel color);
     /// Zero-terminated text in the host's memory.
     Ptr32<uint8_t> hostText(const std::string& text);
     /// The picture of the same frame with `draw` called in window pixels instead of the overlays.
