@@ -79,7 +79,8 @@ SampleScene makeSampleFlat() {
                       {6.9, 3.4, 1.6},
                       {7.6, 4.3, 1.6},
                       {8.8, 4.3, 1.6},
-                      {10.0, 2.6, 1.6}}});
+                      {10.0, 2.6, 1.6}},
+                     {4, 8}});
     builder.setCurrentPath(0);
     builder.setSite(26.0, 24.0, 4.0);
     builder.setSun({140.0, 42.0, {255, 246, 230}, 110, true});

@@ -6,7 +6,9 @@
 #include "host/scene_state.h"
 #include "host/scene_writer.h"
 #include "host/soup/soup_faces.h"
+#include "host/view_projection.h"
 
+#include <algorithm>
 #include <limits>
 #include <stdexcept>
 #include <utility>
@@ -20,6 +22,7 @@ struct SceneBuilder::Parts {
         writeDefaultState(*scene);
     }
 
+    VIEW& view() const { return *scene->geometry.view.get(); }
     ObjectPart& object(ObjectId id) { return objects.at(static_cast<size_t>(id)); }
 
     void requireOpen() const {
@@ -37,6 +40,8 @@ struct SceneBuilder::Parts {
     std::vector<Lamp> lamps;
     std::vector<Path> paths;
     Sun sun;
+    Camera camera;
+    std::optional<ViewWindow> viewWindow;
 };
 
 SceneBuilder::SceneBuilder(double unitScale) : parts_(std::make_unique<Parts>(unitScale)) {}
@@ -127,10 +132,12 @@ void SceneBuilder::setSite(double width, double depth, double height) {
 }
 
 void SceneBuilder::setCamera(const Camera& camera) {
+    parts_->camera = camera;
     writeCamera(parts_->scene->geometry, camera);
 }
 
 void SceneBuilder::setViewWindow(const std::optional<ViewWindow>& window) {
+    parts_->viewWindow = window;
     writeViewWindow(*parts_->scene, window);
 }
 
@@ -160,7 +167,7 @@ void SceneBuilder::setSunDate(const std::optional<SunDate>& date) {
 }
 
 void SceneBuilder::setViewFlags(uint32_t flags) {
-    parts_->scene->geometry.view.get()->flags = flags;
+    parts_->view().flags = flags;
 }
 
 void SceneBuilder::setPlanView(bool on) {
@@ -184,6 +191,37 @@ void SceneBuilder::setObjectHighlight(ObjectId object, uint32_t bits) {
     static_cast<void>(parts_->object(object));
     if (parts_->built)
         writeObjectHighlight(*parts_->scene, object, bits);
+}
+
+void SceneBuilder::setHud(uint8_t flags) {
+    parts_->scene->hudFlags = flags;
+}
+
+void SceneBuilder::setOverlayColor(Color color) {
+    parts_->view().overlayColor = {color.red, color.green, color.blue};
+}
+
+void SceneBuilder::setTooltip(std::string_view text, int x, int y) {
+    writeTooltip(parts_->view(), text, {x, y});
+}
+
+void SceneBuilder::setMessage(std::string_view text) {
+    constexpr size_t kMessageBytes = 4096;
+    VIEW& view = parts_->view();
+    if (!view.messageText)
+        view.messageText = static_cast<uint8_t*>(parts_->memory.allocate(kMessageBytes));
+    const size_t length = std::min(text.size(), kMessageBytes - 1);
+    std::copy_n(text.begin(), length, view.messageText.get());
+    view.messageText.get()[length] = 0;
+}
+
+void SceneBuilder::placePaths(int viewWidth, int viewHeight) {
+    if (!parts_->built || viewWidth < 1 || viewHeight < 1)
+        return;
+    const ViewProjection view(parts_->camera, parts_->viewWindow, viewWidth, viewHeight);
+    for (size_t k = 0; k < parts_->paths.size(); ++k)
+        writePathPlace(*parts_->scene, static_cast<int>(k),
+                       placeOfPath(parts_->paths[k].points, view));
 }
 
 void SceneBuilder::markChanged() {

@@ -18,6 +18,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 namespace ogl::host {
 
@@ -72,7 +73,17 @@ class SceneBuilder {
     void setPlanView(bool on);
     void setCurrentPath(int path);
     void setObjectVisible(ObjectId object, bool visible);
-    void setObjectHighlight(ObjectId object, uint32_t bits);
+    void setObjectHighlight(ObjectId object, uint32_t bits); ///< kHighlight... bits
+    void setHud(uint8_t flags);                              ///< kHud... bits; default: none
+    void setOverlayColor(Color color);                       ///< of the paths
+    /// A text beside a pixel of the view, cut at 79 bytes; an empty one shows nothing.
+    void setTooltip(std::string_view text, int x, int y);
+    /// The text that is shown with kViewNoSelection and kViewMessage, lines ending in line feeds;
+    /// cut at 4095 bytes.
+    void setMessage(std::string_view text);
+    /// Writes where the paths are seen in a view of this size by the camera and the view window set
+    /// last. Needed before each frame that shows paths (kHudPaths) to another camera.
+    void placePaths(int viewWidth, int viewHeight);
     /// Makes the next frame rebuild the batches.
     void markChanged();
 

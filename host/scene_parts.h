@@ -185,6 +185,7 @@ struct SunDate {
 struct Path {
     std::string name;
     std::vector<Vec3> points;
+    std::vector<int> solidPoints{}; ///< numbers of the points whose marker is solid
 };
 
 struct Camera {

@@ -176,6 +176,27 @@ void writeObjectHighlight(SCENE& scene, ObjectId object, uint32_t bits) {
     objectRecords(scene)[object].highlight = bits;
 }
 
+void writeTooltip(VIEW& view, std::string_view text, PIXEL place) {
+    const size_t length = std::min(text.size(), sizeof view.tooltipText - 1);
+    std::memset(view.tooltipText, 0, sizeof view.tooltipText);
+    if (length != 0)
+        std::memcpy(view.tooltipText, text.data(), length);
+    view.tooltip = place;
+}
+
+void writePathPlace(SCENE& scene, int path, const PathPlace& place) {
+    // Both lists have room for as many pixels as the path has points.
+    const INDEX room = static_cast<INDEX*>(scene.pathPoints.index.data.get())[path];
+    const auto write = [&](const VLIST& list, const std::vector<PIXEL>& pixels) {
+        const auto count = std::min(static_cast<int32_t>(pixels.size()), int32_t{room.count});
+        std::copy_n(pixels.begin(), count, static_cast<PIXEL*>(list.items.data.get()) + room.first);
+        static_cast<INDEX*>(list.index.data.get())[path] = {room.first, count};
+    };
+    const VIEW& view = *scene.geometry.view.get();
+    write(view.pathPixels, place.line);
+    write(view.markerPixels, place.markers);
+}
+
 void markObjectsChanged(SCENE& scene) {
     const int32_t count = scene.geometry.view.get()->objectCache.count;
     CACHEENTRY* entries = cacheEntries(scene);

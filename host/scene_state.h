@@ -5,6 +5,9 @@
 #pragma once
 
 #include "host/scene_builder.h"
+#include "host/view_projection.h"
+
+#include <string_view>
 
 namespace ogl::host {
 
@@ -22,6 +25,9 @@ void writeSun(SCENE& scene, const Sun& sun);
 void writeSunDate(SCENE& scene, const std::optional<SunDate>& date);
 void writeObjectVisible(SCENE& scene, ObjectId object, bool visible);
 void writeObjectHighlight(SCENE& scene, ObjectId object, uint32_t bits);
+void writeTooltip(VIEW& view, std::string_view text, PIXEL place);
+/// Writes where path number `path` is seen into the room that the record has for it.
+void writePathPlace(SCENE& scene, int path, const PathPlace& place);
 /// Sets the change marks of every object, of shadows and of lights.
 void markObjectsChanged(SCENE& scene);
 /// The slots of the record in which the library keeps something.

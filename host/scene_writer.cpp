@@ -201,15 +201,22 @@ void writePaths(HostMemory& memory, SCENE& scene, std::span<const Path> paths) {
     constexpr size_t kPathRecordSize = 32;
     fillList(memory, scene.paths, paths.size(), kPathRecordSize);
     auto* index = makeList<INDEX>(memory, scene.pathPoints.index, paths.size());
-    auto* points = makeList<LOOPPOINT>(memory, scene.pathPoints.items, pointCount);
+    auto* points = makeList<POINT3D>(memory, scene.pathPoints.items, pointCount);
     int32_t first = 0;
     for (const Path& path : paths) {
         *index++ = {first, static_cast<int32_t>(path.points.size())};
-        first += static_cast<int32_t>(path.points.size());
+        for (const int solid : path.solidPoints)
+            if (solid >= 0 && static_cast<size_t>(solid) < path.points.size())
+                points[first + solid].flags = kPointSolid;
         for (const Vec3& p : path.points) {
             const GridPoint at = grid.holds(p) ? grid.round(p) : GridPoint{};
-            *points++ = {{at.x, at.y, at.z}, 0};
+            points[first++].position = {at.x, at.y, at.z};
         }
+    }
+    VIEW& view = *scene.geometry.view.get();
+    for (VLIST* pixels : {&view.pathPixels, &view.markerPixels}) {
+        makeList<INDEX>(memory, pixels->index, paths.size());
+        makeList<PIXEL>(memory, pixels->items, pointCount);
     }
 }
 

@@ -32,7 +32,8 @@ void writeTextureSlots(HostMemory& memory, GEOMETRY& geometry, size_t count);
 /// Writes the light records: the sun, a second record that no renderer makes a lamp of, the lamps.
 void writeLights(HostMemory& memory, GEOMETRY& geometry, std::span<const Lamp> lamps);
 
-/// Writes the paths; their points lie on the loop grid, those off it at the origin.
+/// Writes the paths; their points lie on the loop grid, those off it at the origin. Makes room for
+/// their pixels in the view record.
 void writePaths(HostMemory& memory, SCENE& scene, std::span<const Path> paths);
 
 /// Metres in the unit of the site box and of reference points.

@@ -19,7 +19,7 @@ int showCommand(const std::string& program, const ShowOptions& options) {
         std::fprintf(stderr, "oglview: note: %s\n", note.c_str());
     scene.builder.setViewWindow(options.view.zoomWindow);
 
-    std::printf("%s\n", ViewerWindow::help());
+    std::printf("%s\n", ViewerWindow::help().c_str());
     std::fflush(stdout);
     ViewerWindow window(options, scene, camera);
     window.run();

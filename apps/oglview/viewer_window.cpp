@@ -2,11 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "oglview/viewer_window.h"
 
+#include "oglview/picked_objects.h"
 #include "oglview/scene_style.h"
 #include "oglview/user_error.h"
 
 #include <algorithm>
 #include <chrono>
+#include <cstdlib>
 
 namespace oglview {
 namespace {
@@ -14,6 +16,32 @@ namespace {
 constexpr const char* kWindowClass = "OglViewWindow";
 constexpr DWORD kIdleMilliseconds = 5;
 constexpr double kLongestStep = 0.1; // seconds that one frame may move the walker
+constexpr int kClickTravel = 3;      // pixels that the pointer may move in a click
+constexpr ogl::host::Color kPathColor{0, 110, 60};
+
+constexpr const char* kKeys[] = {
+    "left drag: turn around",
+    "middle or right drag: move",
+    "wheel: nearer, farther",
+    "WASD or arrows: walk",
+    "Q, E: down, up",
+    "click: select (with Ctrl: more)",
+    "1: drawing",
+    "2: edges",
+    "H: hidden edges",
+    "F: frame rate and statistics",
+    "P: paths",
+    "Home: first view",
+    "F1: these keys",
+    "Esc: quit",
+};
+
+std::string keyText(const char* separator) {
+    std::string text;
+    for (const char* key : kKeys)
+        text += (text.empty() ? "" : separator) + std::string(key);
+    return text;
+}
 
 double sizeOf(const LoadedScene& scene) {
     const ogl::host::Box box = scene.builder.bounds();
@@ -26,18 +54,18 @@ const char* nameOf(int32_t mode) {
 
 } // namespace
 
-const char* ViewerWindow::help() {
-    return "left drag: turn around   middle or right drag: move   wheel: nearer, farther   "
-           "WASD or arrows: walk   Q, E: down, up   1: drawing   2: edges   H: hidden edges   "
-           "Home: first view   Esc: quit";
+std::string ViewerWindow::help() {
+    return keyText("   ");
 }
 
 ViewerWindow::ViewerWindow(const ShowOptions& options, LoadedScene& scene,
                            const ogl::host::Camera& camera)
-    : scene_(scene), style_(options.style), camera_(camera, sizeOf(scene)) {
+    : scene_(scene), style_(options.style), camera_(camera, sizeOf(scene)), marks_(scene.builder) {
     open(options.size);
     view_ = std::make_unique<DrawingView>(window_, options.library);
     view_->loadTextures(scene_.builder);
+    scene_.builder.setMessage(keyText("\n"));
+    scene_.builder.setOverlayColor(kPathColor);
     setTitle();
     ShowWindow(window_, SW_SHOW);
     UpdateWindow(window_);
@@ -100,12 +128,12 @@ LRESULT ViewerWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_LBUTTONDOWN:
     case WM_MBUTTONDOWN:
     case WM_RBUTTONDOWN:
-        mouseDown(message, lParam);
+        mouseDown(lParam);
         return 0;
     case WM_LBUTTONUP:
     case WM_MBUTTONUP:
     case WM_RBUTTONUP:
-        ReleaseCapture();
+        mouseUp(message, wParam);
         return 0;
     case WM_MOUSEMOVE:
         mouseMove(wParam, lParam);
@@ -139,30 +167,61 @@ void ViewerWindow::keyDown(int key) {
         style_.hiddenEdges = !style_.hiddenEdges;
         changed_ = true;
         break;
+    case 'F':
+        showStatistics_ = !showStatistics_;
+        changed_ = true;
+        break;
+    case 'P':
+        showPaths_ = !showPaths_;
+        changed_ = true;
+        break;
+    case VK_F1:
+        showKeys_ = !showKeys_;
+        changed_ = true;
+        break;
     default:
         break;
     }
 }
 
-void ViewerWindow::mouseDown(UINT, LPARAM lParam) {
+void ViewerWindow::mouseDown(LPARAM lParam) {
     pointer_ = {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+    pressed_ = pointer_;
+    dragging_ = false;
     SetCapture(window_);
+}
+
+void ViewerWindow::mouseUp(UINT message, WPARAM wParam) {
+    ReleaseCapture();
+    if (message == WM_LBUTTONUP && !dragging_) {
+        marks_.select((wParam & MK_CONTROL) != 0);
+        setTitle();
+    }
+    dragging_ = false;
+    pointDue_ = true;
+    changed_ = true;
 }
 
 void ViewerWindow::mouseMove(WPARAM wParam, LPARAM lParam) {
     const POINT now = {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
-    RECT client = {};
-    GetClientRect(window_, &client);
-    const double height = std::max<double>(1.0, client.bottom);
+    if ((wParam & (MK_LBUTTON | MK_MBUTTON | MK_RBUTTON)) == 0) {
+        pointer_ = now;
+        pointDue_ = true;
+        return;
+    }
+    if (!dragging_ && std::abs(now.x - pressed_.x) <= kClickTravel &&
+        std::abs(now.y - pressed_.y) <= kClickTravel)
+        return;
+    dragging_ = true;
+    marks_.hideName();
+    const double height = std::max(1, clientSize().height);
     const double right = (now.x - pointer_.x) / height;
     const double down = (now.y - pointer_.y) / height;
     pointer_ = now;
     if ((wParam & MK_LBUTTON) != 0)
         camera_.orbit(right, down);
-    else if ((wParam & (MK_MBUTTON | MK_RBUTTON)) != 0)
-        camera_.pan(right, down);
     else
-        return;
+        camera_.pan(right, down);
     changed_ = true;
 }
 
@@ -173,7 +232,13 @@ void ViewerWindow::setMode(int32_t mode) {
 }
 
 void ViewerWindow::setTitle() {
-    const std::string title = scene_.name + " - " + nameOf(style_.mode) + " - oglview";
+    std::string title = scene_.name + " - " + nameOf(style_.mode) + " - oglview";
+    if (!marks_.selected().empty()) {
+        const int first = *marks_.selected().begin();
+        const size_t more = marks_.selected().size() - 1;
+        title = marks_.nameOf(first) + (more > 0 ? " and " + std::to_string(more) + " more" : "") +
+                " - " + title;
+    }
     SetWindowTextA(window_, title.c_str());
 }
 
@@ -192,12 +257,49 @@ bool ViewerWindow::walk(double seconds) {
     return true;
 }
 
-void ViewerWindow::draw() {
+Size ViewerWindow::clientSize() const {
     RECT client = {};
-    if (!GetClientRect(window_, &client) || client.right < 1 || client.bottom < 1)
-        return; // minimised
+    GetClientRect(window_, &client);
+    return {static_cast<int>(client.right), static_cast<int>(client.bottom)};
+}
+
+/// Finds out what lies under the pointer, for the camera of now.
+void ViewerWindow::pointAgain() {
+    pointDue_ = false;
+    const Size size = clientSize();
+    if (dragging_ || size.width < 1 || size.height < 1)
+        return;
     scene_.builder.setCamera(camera_.camera());
-    applyStyle(scene_.builder, style_);
+    const std::vector<int> objects = pickedObjects(
+        *scene_.builder.scene(), size, static_cast<int>(pointer_.x), static_cast<int>(pointer_.y));
+    if (marks_.pointAt(objects.empty() ? ogl::host::kNone : objects.front(),
+                       static_cast<int>(pointer_.x), static_cast<int>(pointer_.y)))
+        changed_ = true;
+}
+
+/// The pointer is outside the window, which no message tells.
+bool ViewerWindow::pointerLeft() const {
+    POINT at = {};
+    RECT client = {};
+    return GetCursorPos(&at) && ScreenToClient(window_, &at) && GetClientRect(window_, &client) &&
+           (at.x < 0 || at.y < 0 || at.x >= client.right || at.y >= client.bottom);
+}
+
+uint32_t ViewerWindow::viewFlags() const {
+    return showKeys_ ? ogl::kViewNoSelection | ogl::kViewMessage : 0;
+}
+
+void ViewerWindow::draw() {
+    const Size size = clientSize();
+    if (size.width < 1 || size.height < 1)
+        return; // minimised
+    ogl::host::SceneBuilder& builder = scene_.builder;
+    builder.setCamera(camera_.camera());
+    applyStyle(builder, style_);
+    builder.setViewFlags(viewFlags());
+    builder.setHud(static_cast<uint8_t>((showPaths_ ? ogl::kHudPaths : 0) |
+                                        (showStatistics_ ? ogl::kHudStatistics : 0)));
+    builder.placePaths(size.width, size.height);
     d3_DrawInWindow(view_->get(), scene_.builder.scene(), ogl::kDrawFullQuality, 1, nullptr,
                     nullptr);
 }
@@ -218,7 +320,14 @@ void ViewerWindow::run() {
         last = now;
         if (!open_)
             break;
-        if (walked || changed_) {
+        if (marks_.pointedAt() != ogl::host::kNone && !dragging_ && pointerLeft()) {
+            marks_.pointAt(ogl::host::kNone, 0, 0);
+            changed_ = true;
+        } else if (pointDue_ || walked) {
+            pointAgain();
+        }
+        // A frame rate means something only while frames follow each other.
+        if (walked || changed_ || showStatistics_) {
             changed_ = false;
             draw();
         } else {

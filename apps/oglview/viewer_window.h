@@ -4,6 +4,7 @@
 
 #include "oglview/drawing_view.h"
 #include "oglview/loaded_scene.h"
+#include "oglview/object_marks.h"
 #include "oglview/options.h"
 #include "oglview/orbit_camera.h"
 #include "platform/win32.h"
@@ -27,7 +28,7 @@ class ViewerWindow {
     void run();
 
     /// What keys and mouse do, in one line.
-    static const char* help();
+    static std::string help();
 
   private:
     static LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam,
@@ -35,12 +36,19 @@ class ViewerWindow {
     LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam);
     void open(const Size& size);
     void keyDown(int key);
-    void mouseDown(UINT message, LPARAM lParam);
+    void mouseDown(LPARAM lParam);
     void mouseMove(WPARAM wParam, LPARAM lParam);
+    void mouseUp(UINT message, WPARAM wParam);
+    void pointAgain();
+    bool pointerLeft() const;
     void setMode(int32_t mode);
     void setTitle();
     bool walk(double seconds);
     void draw();
+
+    /// Size of the client area; nothing when there is none.
+    Size clientSize() const;
+    uint32_t viewFlags() const;
 
     LoadedScene& scene_;
     StyleOptions style_;
@@ -48,7 +56,14 @@ class ViewerWindow {
     HWND window_ = nullptr;
     std::unique_ptr<DrawingView> view_;
     std::set<int> keysDown_;
+    ObjectMarks marks_;
     POINT pointer_{};
+    POINT pressed_{};       ///< where the mouse button went down
+    bool dragging_ = false; ///< the pointer has left that place since
+    bool pointDue_ = false; ///< what lies under the pointer may have changed
+    bool showKeys_ = false;
+    bool showPaths_ = false;
+    bool showStatistics_ = false;
     bool changed_ = true;
     bool open_ = true;
 };
