@@ -74,15 +74,25 @@ void updateSecondSurface(RenderContext& context, Renderer& renderer, HWND second
     renderer.resetGLState();
 }
 
-/// The largest view that the driver draws at once.
-struct ViewLimit {
-    GLint width = 1;
-    GLint height = 1;
+/// Pixels of the largest frame that the own window takes in one piece; and the side of the tiles
+/// of larger pictures. Sides of tiles suit a driver's own tiles of 64 pixels.
+constexpr int64_t kLargestFramePixels = int64_t{4096} * 4096;
+constexpr int kTileSide = 2048;
+
+struct ViewSize {
+    int width;
+    int height;
 };
-ViewLimit largestView() {
+
+/// The own window's size for a picture: that of the picture as far as the driver draws it at once
+/// and memory for it is moderate, else that of a tile.
+ViewSize viewSizeFor(int width, int height) {
     GLint limits[2] = {1, 1};
     glGetIntegerv(GL_MAX_VIEWPORT_DIMS, limits);
-    return {limits[0], limits[1]};
+    const bool atOnce = width <= limits[0] && height <= limits[1] &&
+                        static_cast<int64_t>(width) * height <= kLargestFramePixels;
+    const int side = std::min({kTileSide, limits[0], limits[1]});
+    return atOnce ? ViewSize{width, height} : ViewSize{side, side};
 }
 
 } // namespace
@@ -111,11 +121,9 @@ void drawInDibSection(RenderContext& context, SCENE& scene, uint32_t drawFlags, 
     DIBSECTION section{};
     if (renderer != nullptr && GetObjectA(dib, sizeof section, &section) == sizeof section) {
         if (context.window == ownWindow()) {
-            const ViewLimit limit = largestView();
-            const int width = std::min<int>(section.dsBm.bmWidth, limit.width);
-            const int height = std::min<int>(section.dsBm.bmHeight, limit.height);
-            resizeOwnWindow(width, height);
-            renderer->setSize(width, height);
+            const ViewSize size = viewSizeFor(section.dsBm.bmWidth, section.dsBm.bmHeight);
+            resizeOwnWindow(size.width, size.height);
+            renderer->setSize(size.width, size.height);
         } else {
             renderer->setSizeFromWindow(context.primary);
         }

@@ -22,7 +22,7 @@ void drawInWindow(RenderContext& context, SCENE& scene, uint32_t drawFlags,
                   const WindowTargets& targets);
 
 /// One frame into a DIB section. With a view on the library's own window that window takes the
-/// bitmap's size. Leaves no context current.
+/// bitmap's size, unless that is very large. Leaves no context current.
 void drawInDibSection(RenderContext& context, SCENE& scene, uint32_t drawFlags, HBITMAP dib);
 
 } // namespace ogl

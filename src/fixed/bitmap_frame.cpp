@@ -2,22 +2,162 @@
 // SPDX-License-Identifier: MIT
 #include "fixed/bitmap_frame.h"
 
-#include "render/bitmap_target.h"
-#include "render/error_log.h"
+#include "gpu/frame_read.h"
+#include "gpu/tile_renderer.h"
+#include "gpu/view_volume.h"
+
+#include <algorithm>
+#include <cmath>
 
 namespace ogl {
 
-void drawFrameToBitmap(const Renderer& renderer, HBITMAP bitmap,
-                       const std::function<void()>& drawFrame) {
+namespace {
+
+/// The part of a tile's side that its border takes, on each side.
+constexpr double kBorderShare = 0.5 * 0.75;
+
+/// Mesa's llvmpipe (22.3) drops samples of lines in the last column and row of a scissor box: pixels
+/// that are drawn beyond what is kept, on each side.
+constexpr int kScissorMargin = 1;
+
+/// The border of a square tile. Small tiles keep one pixel at least.
+int borderOf(int side) {
+    return std::min(static_cast<int>(std::lround(side * kBorderShare)), (side - 1) / 2);
+}
+
+/// A stretch of a picture's columns or rows.
+struct Stretch {
+    int first = 0;
+    int count = 0;
+};
+
+/// At most `limit` of `total` columns or rows, about as many before as after `center`.
+Stretch around(int center, int total, int limit) {
+    const int count = std::min(total, limit);
+    return {std::clamp(center - count / 2, 0, total - count), count};
+}
+
+/// The renderer's camera for the time of a tiled picture.
+class TileCamera {
+  public:
+    TileCamera(Renderer& renderer, const BitmapTarget& target)
+        : renderer_(renderer), saved_(renderer.camera), target_(target) {
+        setViewCamera(renderer.camera, *renderer.scene, target.width, target.height,
+                      renderer.camera.far);
+        renderer.camera.applyView();
+        glGetDoublev(GL_MODELVIEW_MATRIX, view_);
+        glGetIntegerv(GL_MAX_VIEWPORT_DIMS, largestViewport_);
+    }
+    ~TileCamera() {
+        renderer_.camera = saved_;
+        renderer_.tileVolume = nullptr;
+    }
+    TileCamera(const TileCamera&) = delete;
+    TileCamera& operator=(const TileCamera&) = delete;
+
+    const double* view() const { return view_; }
+
+    /// The projection and viewport of the tile alone.
+    void showTile(const TileRenderer& tiles) const {
+        PerspectiveCamera& camera = renderer_.camera;
+        camera.tile = tiles.tileFrustum();
+        camera.viewportWidth = tiles.get(TileToken::CurrentTileWidth);
+        camera.viewportHeight = tiles.get(TileToken::CurrentTileHeight);
+    }
+
+    /// The whole picture, or as much around the tile as a viewport holds, shifted so that the tile
+    /// lies in the corner. Lines are then clipped where those of a single frame are: a dashed line
+    /// that is clipped starts its pattern anew.
+    void showPictureAround(const TileRenderer& tiles) const {
+        PerspectiveCamera& camera = renderer_.camera;
+        const int side = tiles.get(TileToken::TileWidth);
+        const int border = tiles.get(TileToken::TileBorder);
+        const int inner = side - 2 * border;
+        const int x = tiles.get(TileToken::CurrentColumn) * inner - border;
+        const int y = tiles.get(TileToken::CurrentRow) * inner - border;
+        const Stretch columns = around(x + side / 2, target_.width, largestViewport_[0]);
+        const Stretch rows = around(y + side / 2, target_.height, largestViewport_[1]);
+        camera.viewportX = columns.first - x;
+        camera.viewportY = rows.first - y;
+        camera.viewportWidth = columns.count;
+        camera.viewportHeight = rows.count;
+        if (columns.count < target_.width || rows.count < target_.height)
+            camera.tile = camera.pictureFrustum().part(
+                columns.first, rows.first, columns.first + columns.count, rows.first + rows.count,
+                target_.width, target_.height);
+    }
+
+  private:
+    Renderer& renderer_;
+    PerspectiveCamera saved_;
+    BitmapTarget target_;
+    double view_[16] = {};
+    int largestViewport_[2] = {};
+};
+
+/// The pixels of the current tile that are kept.
+PixelRect keptPixels(const TileRenderer& tiles) {
+    const int border = tiles.get(TileToken::TileBorder);
+    return {border, border, tiles.get(TileToken::CurrentTileWidth) - 2 * border,
+            tiles.get(TileToken::CurrentTileHeight) - 2 * border};
+}
+
+/// What can show in `rect` of the current tile, or reach into it from `reach` pixels away.
+ViewVolume volumeAround(const TileRenderer& tiles, const PixelRect& rect, int reach,
+                        const double* view) {
+    const Frustum part = tiles.tileFrustum().part(
+        rect.x - reach, rect.y - reach, rect.x + rect.width + reach, rect.y + rect.height + reach,
+        tiles.get(TileToken::CurrentTileWidth), tiles.get(TileToken::CurrentTileHeight));
+    return {part, view};
+}
+
+} // namespace
+
+void drawFrameToBitmap(Renderer& renderer, HBITMAP bitmap, const std::function<void()>& drawFrame,
+                       const TileNeeds& needs) {
     const BitmapTarget target = bitmapTarget(bitmap);
     if (!target.isValid())
         return;
-    if (target.width != renderer.width || target.height != renderer.height) {
-        renderer.errorLog->write("Error", "Bitmap size differs from the view", "");
+    if (target.width == renderer.width && target.height == renderer.height) {
+        drawFrame();
+        readFrame(target, renderer.width, renderer.height);
         return;
     }
-    drawFrame();
-    readFrame(target, renderer.width, renderer.height);
+    drawTiles(renderer, target, drawFrame, needs);
+}
+
+void drawTiles(Renderer& renderer, const BitmapTarget& target,
+               const std::function<void()>& drawTile, const TileNeeds& needs) {
+    const int side = std::min(renderer.width, renderer.height);
+    if (!target.isValid() || side < 1)
+        return;
+    const TileCamera camera(renderer, target);
+    TileRenderer tiles;
+    tiles.setTileSize(side, side, borderOf(side));
+    tiles.setImageSize(target.width, target.height);
+    tiles.setImageBuffer(target.bitsPerPixel == 24 ? GL_BGR : GL_BGRA, GL_UNSIGNED_BYTE,
+                         target.pixels);
+    tiles.setRowOrder(TileToken::TopToBottom);
+    tiles.setFrustum(renderer.camera.pictureFrustum());
+    glPixelStorei(GL_PACK_ALIGNMENT, 4);
+    do {
+        tiles.beginTile();
+        const PixelRect kept = keptPixels(tiles);
+        const int reach = needs.reachPixels + (needs.screenSpacePasses ? kept.x : 0);
+        const ViewVolume volume = volumeAround(tiles, kept, reach, camera.view());
+        renderer.tileVolume = &volume;
+        if (needs.screenSpacePasses) {
+            camera.showTile(tiles);
+        } else {
+            camera.showPictureAround(tiles);
+            glEnable(GL_SCISSOR_TEST);
+            const int margin = std::min(kScissorMargin, kept.x);
+            glScissor(kept.x - margin, kept.y - margin, kept.width + 2 * margin,
+                      kept.height + 2 * margin);
+        }
+        drawTile();
+        glDisable(GL_SCISSOR_TEST);
+    } while (tiles.endTile());
 }
 
 } // namespace ogl

@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "fixed/edge_pass.h"
 
+#include "fixed/bitmap_frame.h"
 #include "gpu/gl_debug.h"
+#include "gpu/gl_state.h"
 #include "gpu/texture.h"
 
 #include <algorithm>
@@ -17,6 +19,7 @@ constexpr float kThinnestLine = 0.0625f; ///< OpenGL refuses widths of 0 and bel
 constexpr float kFaintestEdge = 0.05f;
 constexpr float kInk = 0.1f;
 constexpr float kHiddenWidth = 0.5f;
+constexpr float kMarkSize = 15.0f; ///< in widths of visible edges
 constexpr GLushort kDashes = 0x0f0f;
 constexpr GLushort kSolid = 0xffff;
 
@@ -35,6 +38,13 @@ EdgeStyle edgeStyle(const SCENE& scene, uint32_t drawFlags, float baseWidth) {
     const float faintest = (drawFlags & kDrawFullQuality) != 0 ? 0.0f : kFaintestEdge;
     style.alpha = std::max(alpha, faintest);
     return style;
+}
+
+int edgeReach(const EdgeStyle& style) {
+    // OpenGL cuts points at kPointSizeLimit, but not lines.
+    const float widest =
+        std::max(std::min(kMarkSize * style.width, kPointSizeLimit), 2.0f * style.width);
+    return kUsualReach + static_cast<int>(std::min(widest, 1e4f) / 2.0f);
 }
 
 void EdgePass::draw() const {
@@ -71,7 +81,7 @@ void EdgePass::drawVisibleEdges() const {
     glLineStipple(1, kSolid);
     glEnable(GL_DEPTH_TEST);
     glLineWidth(style.width);
-    glPointSize(15.0f * style.width);
+    glPointSize(kMarkSize * style.width);
     setBlending();
     glColor4f(kInk, kInk, kInk, style.alpha);
     drawEdges();
@@ -113,7 +123,7 @@ unsigned EdgePass::drawFlags() const {
 
 void EdgePass::drawUnbound(const ColorVertexArray& batch) const {
     unbindAllArrays();
-    batch.draw(drawFlags());
+    batch.drawWithin(renderer.tileVolume, drawFlags(), batch.primitiveMode);
     unbindAllArrays();
 }
 
@@ -133,7 +143,7 @@ void EdgePass::drawMarks() const {
     bindTexture(0, TextureKind::Repeating, renderer.markTexture.name(), GL_LINEAR, 1.0f);
     glTexEnvi(GL_POINT_SPRITE, GL_COORD_REPLACE, GL_TRUE);
     glEnable(GL_POINT_SPRITE);
-    edges->drawAs(drawFlags(), GL_POINTS);
+    edges->drawWithin(renderer.tileVolume, drawFlags(), GL_POINTS);
     unbindAllArrays();
     glTexEnvi(GL_POINT_SPRITE, GL_COORD_REPLACE, GL_FALSE);
     resetTextureUnit(0);

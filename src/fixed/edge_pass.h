@@ -18,6 +18,9 @@ struct EdgeStyle {
 /// fade away. `baseWidth`: the renderer's line width, pixels.
 EdgeStyle edgeStyle(const SCENE& scene, uint32_t drawFlags, float baseWidth);
 
+/// How far edges and the marks on their ends reach from where they lie, pixels.
+int edgeReach(const EdgeStyle& style);
+
 /// Draws edges and silhouettes over the surfaces of the same frame, whose depth must still be in
 /// the depth buffer. The renderer tells which kinds, and how.
 struct EdgePass {

@@ -109,7 +109,7 @@ void EdgeRenderer::drawEdges() const {
     glDisable(GL_LINE_STIPPLE);
     glLineWidth(1.0f);
     unbindAllArrays();
-    edgeBatch_->draw(kDrawPositions | kDrawColors);
+    edgeBatch_->drawWithin(tileVolume, kDrawPositions | kDrawColors, GL_LINES);
     unbindAllArrays();
     glDisable(GL_SAMPLE_ALPHA_TO_COVERAGE);
     glDisable(GL_BLEND);

@@ -19,7 +19,7 @@ class EdgeRenderer : public Renderer {
     int createResources() override;
     void releaseResources() override;
     int drawToWindow(const GLSurface& surface) override;
-    /// A bitmap of another size than the view stays untouched; the log then says so.
+    /// In tiles when the bitmap has another size than the view.
     int drawToBitmap(HBITMAP bitmap) override;
     /// Draws nothing. Returns 1.
     int drawToFile(const char* fileName) override;

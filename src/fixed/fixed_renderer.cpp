@@ -73,7 +73,8 @@ int FixedRenderer::drawToBitmap(HBITMAP bitmap) {
         return 1;
     deleteReleasedObjects();
     batches_.refreshForBitmap(*this, kUnitCube);
-    drawFrameToBitmap(*this, bitmap, [this] { drawScene(); });
+    const EdgeStyle style = edgeStyle(*scene, drawFlags, lineWidth);
+    drawFrameToBitmap(*this, bitmap, [this] { drawScene(); }, {.reachPixels = edgeReach(style)});
     return 1;
 }
 

@@ -6,6 +6,8 @@
 #include "gpu/gl_state.h"
 #include "gpu/texture.h"
 
+#include <algorithm>
+
 namespace ogl {
 
 namespace {
@@ -63,8 +65,18 @@ void SurfacePass::setState() const {
 
 void SurfacePass::drawLayer(SurfaceLayer layer, const SceneLists& lists) {
     for (int m = 0; m < lists.materials.size(); ++m)
-        if (!isSkipped(lists.materials[m]) && !meshes.of(m).empty())
+        if (!isSkipped(lists.materials[m]) && showsAny(m, lists))
             drawMaterial(m, layer, lists);
+}
+
+/// Binding a material costs more than looking whether a tile shows any of it.
+bool SurfacePass::showsAny(int material, const SceneLists& lists) const {
+    if (renderer.tileVolume == nullptr)
+        return !meshes.of(material).empty();
+    const VIEW* view = viewOf(*renderer.scene);
+    return std::ranges::any_of(meshes.of(material), [&](const MeshDraw& draw) {
+        return isStillDrawn(draw, lists, view) && draw.batch->isWithin(*renderer.tileVolume);
+    });
 }
 
 void SurfacePass::drawMaterial(int material, SurfaceLayer layer, const SceneLists& lists) {
@@ -86,7 +98,7 @@ void SurfacePass::drawMaterial(int material, SurfaceLayer layer, const SceneList
             continue;
         if (alphaMap != 0)
             draw.batch->bindTexCoords(kAlphaMapUnit);
-        draw.batch->draw(kDrawPositions);
+        draw.batch->drawWithin(renderer.tileVolume, kDrawPositions, draw.batch->primitiveMode);
     }
     if (alphaMap != 0)
         MeshVertexArray::unbindTexCoords(kAlphaMapUnit);

@@ -31,6 +31,7 @@ struct SurfacePass {
   private:
     void setState() const;
     void drawLayer(SurfaceLayer layer, const SceneLists& lists);
+    bool showsAny(int material, const SceneLists& lists) const;
     void drawMaterial(int material, SurfaceLayer layer, const SceneLists& lists);
     void restoreState() const;
 };

@@ -23,21 +23,21 @@ unsigned windowFormat() {
     return alphaBits > 0 ? GL_RGBA8 : GL_RGB8;
 }
 
-/// A single-sample copy of the window's picture, bound for reading until it goes.
+/// A single-sample copy of a part of the window's picture, bound for reading until it goes.
 class ResolvedFrame {
   public:
-    ResolvedFrame(int width, int height) {
+    explicit ResolvedFrame(const PixelRect& rect) {
         const unsigned format = windowFormat();
         glGetIntegerv(GL_DRAW_FRAMEBUFFER_BINDING, &drawBinding_);
         color_.create();
         framebuffer_.create();
         glBindRenderbuffer(GL_RENDERBUFFER, color_.name());
-        glRenderbufferStorage(GL_RENDERBUFFER, format, width, height);
+        glRenderbufferStorage(GL_RENDERBUFFER, format, rect.width, rect.height);
         glBindFramebuffer(GL_DRAW_FRAMEBUFFER, framebuffer_.name());
         glFramebufferRenderbuffer(GL_DRAW_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_RENDERBUFFER,
                                   color_.name());
-        glBlitFramebuffer(0, 0, width, height, 0, 0, width, height, GL_COLOR_BUFFER_BIT,
-                          GL_NEAREST);
+        glBlitFramebuffer(rect.x, rect.y, rect.x + rect.width, rect.y + rect.height, 0, 0,
+                          rect.width, rect.height, GL_COLOR_BUFFER_BIT, GL_NEAREST);
         glBindFramebuffer(GL_READ_FRAMEBUFFER, framebuffer_.name());
     }
     ~ResolvedFrame() {
@@ -56,14 +56,18 @@ class ResolvedFrame {
 
 } // namespace
 
-void readPixels(int width, int height, unsigned format, void* pixels) {
+void readPixels(const PixelRect& rect, unsigned format, unsigned type, void* pixels) {
     if (!isMultisampledWindow()) {
-        glReadPixels(0, 0, width, height, format, GL_UNSIGNED_BYTE, pixels);
+        glReadPixels(rect.x, rect.y, rect.width, rect.height, format, type, pixels);
         return;
     }
     // Mesa's llvmpipe (22.3) reads one sample of each pixel from a window; a copy averages them.
-    const ResolvedFrame resolved(width, height);
-    glReadPixels(0, 0, width, height, format, GL_UNSIGNED_BYTE, pixels);
+    const ResolvedFrame resolved(rect);
+    glReadPixels(0, 0, rect.width, rect.height, format, type, pixels);
+}
+
+void readPixels(int width, int height, unsigned format, void* pixels) {
+    readPixels({0, 0, width, height}, format, GL_UNSIGNED_BYTE, pixels);
 }
 
 } // namespace ogl

@@ -2,9 +2,16 @@
 // SPDX-License-Identifier: MIT
 #include "gpu/vertex_array.h"
 
+#include "gpu/view_volume.h"
+
+#include <algorithm>
+
 namespace ogl {
 
 namespace {
+
+/// Vertices of a part that is drawn or left out as one: whole lines, whole triangles.
+constexpr size_t kPartVertices = 384;
 
 /// Fills `buffer` with the elements, if there are any, and stores their number in `count`.
 template <class Array> void uploadArray(const Array& elements, GLBuffer& buffer, int& count) {
@@ -26,10 +33,26 @@ void drawArrays(unsigned mode, int count) {
     ++glWork().drawCalls;
 }
 
+/// Runs of vertices for one draw call.
+struct Runs {
+    std::vector<int> firsts;
+    std::vector<int> counts;
+
+    void append(int first, int count) {
+        if (!firsts.empty() && firsts.back() + counts.back() == first) {
+            counts.back() += count;
+        } else {
+            firsts.push_back(first);
+            counts.push_back(count);
+        }
+    }
+};
+
 } // namespace
 
 void VertexArray::upload(unsigned mode, unsigned) {
     primitiveMode = mode;
+    bounds_.reset();
     uploadArray(positions, positionBuffer, vertexCount);
     glBindBuffer(GL_ARRAY_BUFFER, 0);
 }
@@ -56,6 +79,51 @@ void VertexArray::draw(unsigned drawFlags) const {
 void VertexArray::drawAs(unsigned drawFlags, unsigned mode) const {
     bind(drawFlags);
     drawArrays(mode, vertexCount);
+}
+
+const VertexArray::Bounds& VertexArray::bounds() const {
+    if (bounds_ != nullptr)
+        return *bounds_;
+    auto made = std::make_unique<Bounds>();
+    const size_t count = std::min(positions.size(), static_cast<size_t>(vertexCount));
+    for (size_t first = 0; first < count; first += kPartVertices) {
+        Box box;
+        for (size_t i = first; i < std::min(first + kPartVertices, count); ++i)
+            box.grow(positions[i]);
+        made->all.grow(box.min);
+        made->all.grow(box.max);
+        made->parts.push_back(box);
+    }
+    bounds_ = std::move(made);
+    return *bounds_;
+}
+
+bool VertexArray::isWithin(const ViewVolume& volume) const {
+    return vertexCount > 0 && volume.meets(bounds().all);
+}
+
+void VertexArray::drawWithin(const ViewVolume* volume, unsigned drawFlags, unsigned mode) const {
+    if (volume == nullptr) {
+        bind(drawFlags);
+        drawArrays(mode, vertexCount);
+        return;
+    }
+    if (!isWithin(*volume))
+        return;
+    Runs runs;
+    const std::vector<Box>& parts = bounds().parts;
+    for (size_t i = 0; i < parts.size(); ++i)
+        if (volume->meets(parts[i])) {
+            const size_t first = i * kPartVertices;
+            const size_t count = static_cast<size_t>(vertexCount) - first;
+            runs.append(static_cast<int>(first), static_cast<int>(std::min(count, kPartVertices)));
+        }
+    if (runs.firsts.empty())
+        return;
+    bind(drawFlags);
+    glMultiDrawArrays(mode, runs.firsts.data(), runs.counts.data(),
+                      static_cast<int>(runs.firsts.size()));
+    ++glWork().drawCalls;
 }
 
 void ColorVertexArray::upload(unsigned mode, unsigned usage) {

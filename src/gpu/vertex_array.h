@@ -12,6 +12,8 @@
 
 namespace ogl {
 
+class ViewVolume;
+
 /// Flags of a batch.
 inline constexpr uint32_t kBatchNoShadow = 0x1;    ///< left out of shadow maps
 inline constexpr uint32_t kBatchUnlit = 0x2;       ///< drawn without lighting
@@ -55,12 +57,28 @@ class VertexArray {
     /// Binds and draws as another primitive.
     virtual void drawAs(unsigned flags, unsigned mode) const;
 
+    /// True when any part of what is uploaded may show in the volume.
+    bool isWithin(const ViewVolume& volume) const;
+    /// Binds and draws as `mode`, in the same order as a whole draw, what may show in the volume:
+    /// parts of a few hundred vertices whose bounds meet it. A null volume has room for all.
+    void drawWithin(const ViewVolume* volume, unsigned flags, unsigned mode) const;
+
     Vec3Array positions; ///< kept in memory after upload()
     GLBuffer positionBuffer;
     int vertexCount = 0; ///< uploaded
     unsigned primitiveMode = GL_TRIANGLES;
     int material = -1;  ///< of mesh batches
     uint32_t flags = 0; ///< kBatch...
+
+  private:
+    /// Bounds of the positions, and of each part of them.
+    struct Bounds {
+        Box all;
+        std::vector<Box> parts;
+    };
+    const Bounds& bounds() const;
+
+    mutable std::unique_ptr<const Bounds> bounds_; ///< made when first asked for
 };
 
 /// Positions with a colour each.

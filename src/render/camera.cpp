@@ -4,6 +4,8 @@
 
 #include "scene/record_views.h"
 
+#include <cmath>
+
 namespace ogl {
 
 namespace {
@@ -24,7 +26,7 @@ void Camera::applyView() const {
 }
 
 void Camera::apply() const {
-    glViewport(0, 0, viewportWidth, viewportHeight);
+    glViewport(viewportX, viewportY, viewportWidth, viewportHeight);
     applyProjection();
     applyView();
 }
@@ -37,6 +39,10 @@ void Camera::applyLens() const {
 }
 
 void PerspectiveCamera::applyProjection() const {
+    if (tile.has_value()) {
+        loadFrustum(*tile);
+        return;
+    }
     applyLens();
     gluPerspective(static_cast<double>(fov) * kDegreesPerRadian, static_cast<double>(aspect),
                    static_cast<double>(near), static_cast<double>(far));
@@ -47,6 +53,17 @@ Matrix4f PerspectiveCamera::projectionMatrix() const {
     Matrix4f result{};
     glGetFloatv(GL_PROJECTION_MATRIX, result.m);
     return result;
+}
+
+Frustum PerspectiveCamera::pictureFrustum() const {
+    const double halfHeight = std::tan(0.5 * static_cast<double>(fov)) * static_cast<double>(near);
+    const double halfWidth = halfHeight * static_cast<double>(aspect);
+    return {halfWidth * (-1.0 / scale - offsetX),
+            halfWidth * (1.0 / scale - offsetX),
+            halfHeight * (-1.0 / scale - offsetY),
+            halfHeight * (1.0 / scale - offsetY),
+            static_cast<double>(near),
+            static_cast<double>(far)};
 }
 
 void OrthoCamera::applyProjection() const {

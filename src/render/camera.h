@@ -2,10 +2,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "gpu/frustum.h"
 #include "ogl/host_records.h"
 #include "platform/win32.h"
 #include "render/matrix4f.h"
 #include "scene/vector3.h"
+
+#include <optional>
 
 namespace ogl {
 
@@ -35,6 +38,8 @@ class Camera {
     float near = 0.0f; ///< distances along the view direction
     float far = 0.0f;
     float fov = 0.0f; ///< vertical, radians
+    int viewportX = 0; ///< pixels
+    int viewportY = 0;
     int viewportWidth = 0;
     int viewportHeight = 0;
     float aspect = 1.0f;
@@ -50,11 +55,16 @@ class Camera {
 
 class PerspectiveCamera : public Camera {
   public:
+    /// The projection of `tile` while there is one.
     void applyProjection() const override;
     /// Applies the projection and reads it back from GL.
     Matrix4f projectionMatrix() const override;
     void setBounds(const Box&) override {}
     void setDirection(Vec3) override {}
+    /// What the whole picture shows, zoom and lens shift included.
+    Frustum pictureFrustum() const;
+
+    std::optional<Frustum> tile; ///< the part of a picture that the viewport shows; none = all
 };
 
 class OrthoCamera : public Camera {

@@ -16,6 +16,7 @@ namespace ogl {
 
 class ErrorLog;
 class RenderContext;
+class ViewVolume;
 struct GLSurface;
 struct Settings;
 
@@ -110,6 +111,7 @@ class Renderer {
     int64_t counter = 0;         ///< and of this one
     int64_t frequency;           ///< counts per second
     PerspectiveCamera camera;
+    const ViewVolume* tileVolume = nullptr; ///< what the tile being drawn shows; null = everything
     std::array<std::array<uint8_t, 64>, 2> targetBlocks{}; ///< handed to render targets by address
     int kind = kEdgeRenderer;
     Box sceneBounds;             ///< of the vertices of the last batch build

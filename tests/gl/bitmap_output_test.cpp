@@ -61,16 +61,6 @@ TEST_F(BitmapOutputTest, PadsRowsToFourBytes) {
     expectSame(bitmap, Picture::read(kOddWidth, kViewSize), kOddWidth, kViewSize, "odd width");
 }
 
-TEST_F(BitmapOutputTest, LeavesBitmapsOfAnotherSizeUntouchedAndSaysSo) {
-    select<FixedRenderer>();
-    drawFrame();
-    Bitmap bitmap(kViewSize + 1, kViewSize, 24);
-    EXPECT_EQ(renderer_->drawToBitmap(bitmap.handle()), 1);
-    EXPECT_TRUE(bitmap.isUntouched());
-    EXPECT_NE(test::readFile(folder_.file("ogl.log")).find("Bitmap size differs from the view"),
-              std::string::npos);
-}
-
 TEST_F(BitmapOutputTest, ClipsCapturesToTheBitmap) {
     select<FixedRenderer>();
     const Picture picture = drawFrame();
