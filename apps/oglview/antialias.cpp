@@ -14,8 +14,12 @@ constexpr double kBaseWidth = 0.6;
 
 } // namespace
 
-int drawingFactor(int wanted, const Size& size, const Size& limit) {
-    return std::max(1, std::min({wanted, limit.width / size.width, limit.height / size.height}));
+int drawingFactor(int wanted, const Size& size) {
+    const int64_t pixels = int64_t{size.width} * size.height;
+    int factor = std::max(wanted, 1);
+    while (factor > 1 && pixels * factor * factor > kLargestDrawnPixels)
+        --factor;
+    return factor;
 }
 
 int widenedLineWeight(int lineWeight, int factor) {

@@ -14,9 +14,13 @@ namespace oglview {
 /// The most times that a picture is drawn larger.
 inline constexpr int kLargestFactor = 4;
 
-/// How many times larger to draw: `wanted` as far as `limit`, the largest size that can be drawn,
-/// allows. At least 1.
-int drawingFactor(int wanted, const Size& size, const Size& limit);
+/// Pixels of the largest picture that is drawn larger than it will be. In a 32-bit program there is
+/// less room.
+inline constexpr int64_t kLargestDrawnPixels =
+    sizeof(void*) > 4 ? int64_t{16384} * 16384 : int64_t{10240} * 10240;
+
+/// How many times larger to draw: `wanted` as far as kLargestDrawnPixels allows. At least 1.
+int drawingFactor(int wanted, const Size& size);
 
 /// The line weight that gives lines `factor` times as wide as `lineWeight` does.
 int widenedLineWeight(int lineWeight, int factor);

@@ -271,6 +271,8 @@ Request readCommandLine(int argc, const char* const* argv) {
     if (&command == &show) {
         ShowOptions options{parsed.model, parsed.view, parsed.style, parsed.library};
         options.size = sized ? parseSize(parsed.texts.size) : options.size;
+        checkRange("--size", options.size.width, 1, kLargestWindowSide);
+        checkRange("--size", options.size.height, 1, kLargestWindowSide);
         return options;
     }
     RenderOptions options{parsed.model, parsed.view, parsed.style, parsed.library, parsed.output};

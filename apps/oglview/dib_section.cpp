@@ -21,7 +21,8 @@ DibSection::DibSection(int width, int height) {
     if (bitmap_ == nullptr)
         throw UserError("there is no memory for a picture of " + std::to_string(width) + " x " +
                         std::to_string(height) + " pixels");
-    picture_ = {width, height, static_cast<const uint8_t*>(bits)};
+    pixels_ = static_cast<uint8_t*>(bits);
+    picture_ = {width, height, pixels_};
 }
 
 } // namespace oglview

@@ -18,10 +18,12 @@ class DibSection {
 
     HBITMAP get() const { return bitmap_; }
     const Picture& picture() const { return picture_; }
+    uint8_t* pixels() const { return pixels_; }
 
   private:
     HBITMAP bitmap_ = nullptr;
     Picture picture_;
+    uint8_t* pixels_ = nullptr;
 };
 
 } // namespace oglview

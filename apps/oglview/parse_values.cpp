@@ -45,10 +45,11 @@ Size parseSize(const std::string& text) {
         !readAll(std::string_view(text).substr(0, cross), size.width) ||
         !readAll(std::string_view(text).substr(cross + 1), size.height))
         throw UserError("size '" + text + "' is not of the form WIDTHxHEIGHT");
-    if (size.width < 1 || size.height < 1 || size.width > kLargestSide ||
-        size.height > kLargestSide)
-        throw UserError("size " + text + " is out of range: each side takes 1 to " +
-                        std::to_string(kLargestSide) + " pixels");
+    // A row has a byte in front of it in one format, up to three behind it in the other.
+    if (size.width < 1 || size.height < 1 ||
+        (int64_t{size.width} * 3 + 3) * size.height > kLargestPictureBytes)
+        throw UserError("size " + text +
+                        " is out of range: a picture has 1 to about 700 million pixels");
     return size;
 }
 

@@ -13,15 +13,17 @@
 
 namespace oglview {
 
-/// The largest picture, per side: what a drawable of OpenGL holds on common drivers.
-inline constexpr int kLargestSide = 16384;
+/// Bytes of the largest picture, 3 per pixel: picture files count them in 31 bits.
+inline constexpr int64_t kLargestPictureBytes = 0x7fffffff;
+/// The largest side of a window.
+inline constexpr int kLargestWindowSide = 16384;
 
 struct Size {
     int width = 0;
     int height = 0;
 };
 
-/// "1024x768".
+/// "1024x768", at most kLargestPictureBytes.
 Size parseSize(const std::string& text);
 
 /// "RRGGBB" or "#RRGGBB", hexadecimal.

@@ -3,22 +3,20 @@
 #include "oglview/antialias.h"
 #include "oglview/commands.h"
 #include "oglview/dib_section.h"
+#include "oglview/fill_gauge.h"
 #include "oglview/loaded_scene.h"
 #include "oglview/scene_style.h"
 #include "oglview/user_error.h"
 #include "oglview/view_choice.h"
 
 #include <cstdio>
+#include <optional>
 #include <string>
 
 namespace oglview {
 
 int renderCommand(const std::string& program, const RenderOptions& options) {
     checkPictureName(options.output);
-    const Size limit{kLargestSide, kLargestSide};
-    if (options.size.width > limit.width || options.size.height > limit.height)
-        throw UserError("this system draws pictures up to " + std::to_string(limit.width) + " x " +
-                        std::to_string(limit.height) + " pixels");
     const Progress progress(options.model.progress);
     LoadedScene scene = loadScene(program, options.model, progress);
 
@@ -27,7 +25,10 @@ int renderCommand(const std::string& program, const RenderOptions& options) {
     scene.builder.setCamera(chooseCamera(scene, options.view, aspect));
     scene.builder.setViewWindow(options.view.zoomWindow);
 
-    const int factor = drawingFactor(options.antialias, options.size, limit);
+    const int factor = drawingFactor(options.antialias, options.size);
+    if (factor < options.antialias)
+        scene.notes.push_back("so large a picture is smoothed less than asked for: --antialias " +
+                              std::to_string(factor));
     StyleOptions style = options.style;
     style.lineWeight = widenedLineWeight(style.lineWeight, factor);
     applyStyle(scene.builder, style);
@@ -37,6 +38,10 @@ int renderCommand(const std::string& program, const RenderOptions& options) {
     {
         DrawingView view(nullptr, options.library);
         view.loadTextures(scene.builder);
+        std::optional<FillProgress> filling;
+        if (options.model.progress)
+            filling.emplace(progress, bitmap.pixels(), bitmap.picture().width,
+                            bitmap.picture().height);
         d3_DrawInDibSection(view.get(), scene.builder.scene(), ogl::kDrawFullQuality, bitmap.get());
         view.releaseScene(scene.builder);
     }

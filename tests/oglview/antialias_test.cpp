@@ -2,26 +2,29 @@
 // SPDX-License-Identifier: MIT
 #include "oglview/antialias.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
 
 namespace {
 
 using namespace oglview;
 
-TEST(Antialias, DrawsAsLargeAsTheSystemAllows) {
+TEST(Antialias, DrawsAsLargeAsThereIsRoom) {
+    const auto side = static_cast<int>(std::sqrt(static_cast<double>(kLargestDrawnPixels)));
     struct Row {
         int wanted;
         Size size;
-        Size limit;
         int factor;
     };
-    const Row rows[] = {{3, {800, 600}, {16384, 16384}, 3},
-                        {3, {8000, 600}, {16384, 16384}, 2},
-                        {2, {600, 9000}, {16384, 16384}, 1},
-                        {4, {1000, 1000}, {1920, 4000}, 1},
-                        {1, {10, 10}, {16384, 16384}, 1}};
+    const Row rows[] = {{3, {800, 600}, 3},
+                        {2, {6000, 4000}, 2},
+                        {4, {side / 4, side / 4}, 4},
+                        {4, {side / 4 + 1, side / 4 + 1}, 3},
+                        {2, {side, side}, 1},
+                        {4, {600000, 1000}, 1},
+                        {1, {10, 10}, 1}};
     for (const Row& row : rows)
-        EXPECT_EQ(drawingFactor(row.wanted, row.size, row.limit), row.factor)
+        EXPECT_EQ(drawingFactor(row.wanted, row.size), row.factor)
             << row.wanted << " times " << row.size.width << " x " << row.size.height;
 }
 

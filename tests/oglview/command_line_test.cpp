@@ -88,6 +88,8 @@ TEST(CommandLine, RefusesInOneLine) {
         {"render", "-o", "a.png"},
         {"render", "flat", "more", "-o", "a.png"},
         {"render", "flat", "-o", "a.png", "--size", "0x0"},
+        {"render", "flat", "-o", "a.png", "--size", "30000x30000"},
+        {"show", "flat", "--size", "20000x100"},
         {"render", "flat", "-o", "a.png", "--mode", "raytrace"},
         {"render", "flat", "-o", "a.png", "--fov", "0"},
         {"render", "flat", "-o", "a.png", "--fov", "wide"},

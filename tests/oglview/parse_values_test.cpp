@@ -27,7 +27,7 @@ TEST(ParseValues, TakesWellFormedSizes) {
 TEST(ParseValues, RefusesEverythingElse) {
     for (const char* text :
          {"", "x", "640", "640x", "x480", "640x480x", "640x480 ", " 640x480", "0x480", "640x0",
-          "-640x480", "640X480", "6e2x480", "16385x1", "99999999999x1"})
+          "-640x480", "640X480", "6e2x480", "30000x30000", "99999999999x1"})
         EXPECT_THROW(parseSize(text), UserError) << "'" << text << "'";
     for (const char* text : {"", "fff", "#fff", "gggggg", "1234567", "12 456", "+12345", "0x1234"})
         EXPECT_THROW(parseColor(text), UserError) << "'" << text << "'";
