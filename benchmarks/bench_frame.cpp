@@ -5,9 +5,8 @@
 #include "bare_frame.h"
 #include "bench_scene.h"
 #include "bench_view.h"
+#include "drawing_renderer.h"
 #include "figures.h"
-#include "fixed/edge_builder.h"
-#include "fixed/fixed_renderer.h"
 #include "fixed/scene_batches.h"
 
 #include <algorithm>
@@ -22,27 +21,11 @@ constexpr int kHeight = 768;
 constexpr int kRounds = 5;
 constexpr int kFrames = 60;
 
-/// A renderer with the per-call fields of render mode 10.
-std::unique_ptr<FixedRenderer> makeRenderer(BenchView& view, SCENE& scene) {
-    auto renderer = std::make_unique<FixedRenderer>(view.context());
-    renderer->resetGLState();
-    renderer->createResources();
-    renderer->scene = &scene;
-    renderer->drawFlags = kDrawFullQuality;
-    renderer->textureMode = kTexturesSharedOnly;
-    renderer->colorMode = kColorsWhite;
-    renderer->drawFaces = 1;
-    renderer->singleColorEdges = 1;
-    renderer->setSize(kWidth, kHeight);
-    renderer->setupCamera(scene);
-    return renderer;
-}
-
 /// Building and uploading, without the drawing.
 Cost rebuildCost(BenchView& view, int materials) {
     const auto fixture = std::make_unique<test::SceneFixture>();
     makeScene(*fixture, millionTriangles(materials));
-    const auto renderer = makeRenderer(view, fixture->scene());
+    const auto renderer = makeDrawingRenderer(view, kWidth, kHeight, fixture->scene());
     SceneBatches batches;
     const Cost cost = leastCost(kRounds, [&] {
         batches.rebuildAll(*renderer, Box{});
@@ -52,39 +35,23 @@ Cost rebuildCost(BenchView& view, int materials) {
     return cost;
 }
 
-/// The renderer keeps its edges to itself: the bare program gets the same ones again.
-void buildEdges(const SCENE& scene, int objects, ColorVertexArray& edges) {
-    const EdgeBuilder builder(scene, {.silhouettes = true, .edgesOnly = false});
-    ColorVertexArray silhouettes;
-    builder.reserve(objects, edges, &silhouettes);
-    for (int k = 0; k < objects; ++k)
-        builder.append(k, edges, &silhouettes);
-    edges.upload(GL_LINES);
-}
-
 struct FrameTimes {
     Cost ours;
     Cost bare;
 };
 
-void keepLeast(Cost& least, const Cost& cost) {
-    least.time = std::min(least.time, cost.time);
-    least.processorTime = std::min(least.processorTime, cost.processorTime);
-}
-
 FrameTimes frameTimes(BenchView& view, const SceneSize& size) {
     const auto fixture = std::make_unique<test::SceneFixture>();
     makeScene(*fixture, size);
-    const auto renderer = makeRenderer(view, fixture->scene());
+    const auto renderer = makeDrawingRenderer(view, kWidth, kHeight, fixture->scene());
     const auto ours = [&] {
         renderer->drawToWindow(view.context().primary);
         glFinish();
     };
     ours(); // builds
     ColorVertexArray edges;
-    buildEdges(fixture->scene(), size.objects, edges);
-    const BareFrame bareFrame(fixture->view(), size.materials, edges.positionBuffer.name(),
-                              edges.vertexCount);
+    buildDrawingEdges(fixture->scene(), size.objects, edges);
+    const BareFrame bareFrame(fixture->view(), size.materials, edges);
     const auto bare = [&] {
         renderer->camera.apply();
         bareFrame.draw();

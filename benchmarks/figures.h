@@ -40,6 +40,12 @@ template <class Work> Cost leastCost(int rounds, const Work& work) {
     return least;
 }
 
+/// Lowers each of the two costs to that of another run.
+inline void keepLeast(Cost& least, const Cost& cost) {
+    least.time = std::min(least.time, cost.time);
+    least.processorTime = std::min(least.processorTime, cost.processorTime);
+}
+
 /// Prints how much processor time one piece of work takes of another's.
 inline void printRatio(const char* name, const Cost& cost, const Cost& yardstick) {
     printFigure(name, cost.processorTime / yardstick.processorTime, "ratio");

@@ -4,6 +4,7 @@
 #include "bench_export.h"
 #include "bench_frame.h"
 #include "bench_pick.h"
+#include "bench_tiles.h"
 
 #include <cstdio>
 #include <cstring>
@@ -24,10 +25,8 @@ struct Bench {
 };
 
 constexpr Bench kBenches[] = {
-    {"batches", always<benchBatches>},
-    {"export", always<benchExport>},
-    {"frame", benchFrame},
-    {"pick", always<benchPick>},
+    {"batches", always<benchBatches>}, {"export", always<benchExport>}, {"frame", benchFrame},
+    {"pick", always<benchPick>},       {"tiles", benchTiles},
 };
 
 int usage() {

@@ -54,6 +54,7 @@ picture house-plan "house, plan of the ground floor" "$house" --view plan --size
     "${upper[@]}" --hide 'IfcSite*'
 picture house-ground-floor "house, ground floor from above" "$house" --size 1600x1100 \
     "${upper[@]}" --hide 'IfcSite*' --camera -4,-9,15,6,4.6,0 --fov 34
+picture house-print "house, print of 6000 x 4000 pixels" "$house" --size 6000x4000 --line-weight 24
 
 picture flat-drawing "flat, technical drawing" flat --size 1600x1100
 picture flat-edges "flat, edges" flat --mode edges --size 1600x1100

@@ -186,6 +186,7 @@ TEST_F(TiledBitmapTest, EqualsOneLargeFrame) {
 
 /// Frames with screen-space passes draw the borders too, with a projection for each tile.
 TEST_F(TiledBitmapTest, DrawsBordersForScreenSpacePasses) {
+    scene_->view().flags = kViewNoOverlays | kViewNoHud;
     for (const int zoomWidth : {0, 12000}) {
         prepare(false);
         renderer_->edgeMode = kEdgesNone;
@@ -225,7 +226,7 @@ TEST_F(TiledBitmapTest, DrawsInATileOnlyWhatItMayShow) {
     EXPECT_GT(calls, kBatches);
 }
 
-/// A quarter of the window's pixels in each bitmap quadrant would pass for rows in another order.
+/// Nothing about the plate is symmetric, so that mirrored or shifted pictures differ.
 TEST_F(TiledBitmapTest, FillsAVeryLargeBitmapFromASmallView) {
     constexpr int kSide = 8192;
     constexpr double kPixelsPerUnit = kSide / 20.0;

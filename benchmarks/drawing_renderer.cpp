@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#include "drawing_renderer.h"
+
+#include "fixed/edge_builder.h"
+
+namespace ogl::bench {
+
+std::unique_ptr<FixedRenderer> makeDrawingRenderer(BenchView& view, int width, int height,
+                                                   SCENE& scene) {
+    auto renderer = std::make_unique<FixedRenderer>(view.context());
+    renderer->resetGLState();
+    renderer->createResources();
+    renderer->scene = &scene;
+    renderer->drawFlags = kDrawFullQuality;
+    renderer->textureMode = kTexturesSharedOnly;
+    renderer->colorMode = kColorsWhite;
+    renderer->drawFaces = 1;
+    renderer->singleColorEdges = 1;
+    renderer->setSize(width, height);
+    renderer->setupCamera(scene);
+    return renderer;
+}
+
+void buildDrawingEdges(const SCENE& scene, int objects, ColorVertexArray& edges) {
+    const EdgeBuilder builder(scene, {.silhouettes = true, .edgesOnly = false});
+    ColorVertexArray silhouettes;
+    builder.reserve(objects, edges, &silhouettes);
+    for (int k = 0; k < objects; ++k)
+        builder.append(k, edges, &silhouettes);
+    edges.upload(GL_LINES);
+}
+
+} // namespace ogl::bench
