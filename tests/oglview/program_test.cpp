@@ -97,6 +97,16 @@ f 1 5 8 4
 f 2 3 7 6
 )";
 
+// Some software drivers never finish this frame with anisotropic textures.
+TEST_F(Program, DrawsTexturesAtGrazingAngles) {
+    const std::string path = folder_.file("grazing.png");
+    const ProcessResult result =
+        run({"render", "flat", "-o", path, "--camera", "7.81913,-14.850214,8.689978,6.3,3.9,0.3",
+             "--fov", "40", "--size", "600x420", "--antialias", "1"});
+    ASSERT_EQ(result.exitCode, 0) << result.output;
+    EXPECT_GT(readImage(path).inkShare(), 0.01);
+}
+
 TEST_F(Program, DrawsTheSampleInBothModesAndFormats) {
     struct Row {
         const char* mode;
