@@ -98,7 +98,8 @@ TEST_F(HeadsUpDisplay, StaysOffTheSecondWindow) {
     second.isSecondary = 1;
     frame();
     renderer_->drawToWindow(second);
-    EXPECT_EQ(differingPixels(Picture::read(kViewSize, kViewSize), expectedFrame([] {})), 0);
+    const Picture drawn = Picture::read(kViewSize, kViewSize);
+    EXPECT_EQ(differingPixels(drawn, expectedFrame([] {})), 0);
 }
 
 TEST_F(HeadsUpDisplay, RoundsTheFrameRateToOneDecimal) {

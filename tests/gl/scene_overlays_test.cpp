@@ -323,6 +323,11 @@ TEST_F(SceneOverlays, LeaveTheStateThatFramesStartFrom) {
         glGetIntegerv(GL_PROJECTION_STACK_DEPTH, &depths[1]);
         EXPECT_EQ(depths[0], 1);
         EXPECT_EQ(depths[1], 1);
+        EXPECT_TRUE(glIsEnabled(GL_DEPTH_TEST) && glIsEnabled(GL_ALPHA_TEST));
+        EXPECT_FALSE(glIsEnabled(GL_MULTISAMPLE) || glIsEnabled(GL_BLEND));
+        GLboolean writesDepth = GL_FALSE;
+        glGetBooleanv(GL_DEPTH_WRITEMASK, &writesDepth);
+        EXPECT_TRUE(writesDepth);
     }
 }
 

@@ -198,7 +198,8 @@ TEST_F(ViewOverlays, StayOffTheSecondWindow) {
     GLSurface second = context_->primary;
     second.isSecondary = 1;
     renderer_->drawToWindow(second);
-    EXPECT_EQ(differingPixels(Picture::read(kViewSize, kViewSize), expectedFrame([] {})), 0);
+    const Picture drawn = Picture::read(kViewSize, kViewSize);
+    EXPECT_EQ(differingPixels(drawn, expectedFrame([] {})), 0);
 }
 
 } // namespace
