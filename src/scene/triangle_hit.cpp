@@ -8,10 +8,6 @@ namespace ogl {
 
 namespace {
 
-float dot(Vec3 a, Vec3 b) {
-    return a.x * b.x + a.y * b.y + a.z * b.z;
-}
-
 } // namespace
 
 bool hitTriangle(const Ray& ray, const uint8_t* triangle, float& distance) {

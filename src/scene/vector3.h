@@ -32,8 +32,11 @@ inline Vec3 operator*(Vec3 a, float factor) {
 inline Vec3 cross(Vec3 a, Vec3 b) {
     return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
 }
+inline float dot(Vec3 a, Vec3 b) {
+    return a.x * b.x + a.y * b.y + a.z * b.z;
+}
 inline float length(Vec3 a) {
-    return std::sqrt(a.x * a.x + a.y * a.y + a.z * a.z);
+    return std::sqrt(dot(a, a));
 }
 /// The vector at unit length. One without a length (zero, not a number) gives zero.
 inline Vec3 normalized(Vec3 a) {

@@ -12,7 +12,6 @@
 namespace ogl {
 namespace {
 
-using test::dot;
 using test::expectTexel;
 using test::KnownMap;
 using test::Surface;

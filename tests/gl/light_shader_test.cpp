@@ -12,7 +12,6 @@
 namespace ogl {
 namespace {
 
-using test::dot;
 using test::expectTexel;
 using test::kPi;
 using test::Surface;

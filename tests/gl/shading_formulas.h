@@ -11,10 +11,6 @@ namespace ogl::test {
 
 inline constexpr float kPi = 3.14159265f;
 
-inline float dot(Vec3 a, Vec3 b) {
-    return a.x * b.x + a.y * b.y + a.z * b.z;
-}
-
 inline Vec3 times(Vec3 a, Vec3 b) {
     return {a.x * b.x, a.y * b.y, a.z * b.z};
 }
