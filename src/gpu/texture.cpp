@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "gpu/texture.h"
 
+#include "gpu/driver_quirks.h"
+
 #include <algorithm>
-#include <string_view>
 
 namespace ogl {
 
@@ -43,13 +44,6 @@ void setCubeParameters() {
     setFilters(GL_TEXTURE_CUBE_MAP, GL_LINEAR, GL_LINEAR);
     setWrap(GL_TEXTURE_CUBE_MAP, GL_CLAMP_TO_EDGE);
     glTexParameteri(GL_TEXTURE_CUBE_MAP, GL_TEXTURE_WRAP_R, GL_CLAMP_TO_EDGE);
-}
-
-/// Mesa's llvmpipe (22.3) never ends some frames with anisotropic textures that are seen at a
-/// grazing angle: the sampling loop of its shader doesn't stop.
-bool hangsInAnisotropy() {
-    const auto* name = reinterpret_cast<const char*>(glGetString(GL_RENDERER));
-    return name != nullptr && std::string_view(name).starts_with("llvmpipe");
 }
 
 void setAnisotropy(float anisotropy) {
@@ -141,7 +135,7 @@ void resetTextureUnit(int unit) {
 }
 
 float materialAnisotropy() {
-    if (!GLEW_EXT_texture_filter_anisotropic || hangsInAnisotropy())
+    if (!GLEW_EXT_texture_filter_anisotropic || filtersAnisotropicallyInSoftware())
         return 1.0f;
     float largest = 1.0f;
     glGetFloatv(GL_MAX_TEXTURE_MAX_ANISOTROPY_EXT, &largest);

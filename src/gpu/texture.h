@@ -31,7 +31,8 @@ void bindTexture(int unit, TextureKind kind, unsigned texture, int filter, float
 /// Makes unit `unit` active and turns texturing of every kind off on it.
 void resetTextureUnit(int unit);
 
-/// The driver's largest anisotropy, at most 4; 1 when it has no anisotropic filtering that works.
+/// The driver's largest anisotropy, at most 4; 1 when it has no anisotropic filtering, or none worth
+/// using.
 float materialAnisotropy();
 
 } // namespace ogl
