@@ -58,7 +58,10 @@ picture house-print "house, print of 6000 x 4000 pixels" "$house" --size 6000x40
 
 picture flat-drawing "flat, technical drawing" flat --size 1600x1100
 picture flat-edges "flat, edges" flat --mode edges --size 1600x1100
-picture flat-inside-drawing "flat, inside" flat --view inside --size 1600x1000
+picture flat-inside-drawing "flat, inside, with its textures" flat --view inside --size 1600x1000
 picture flat-inside-edges "flat, inside, edges" flat --view inside --mode edges --size 1600x1000
 picture flat-kitchen "flat, kitchen" flat --view kitchen --size 1600x1000
 picture flat-plan "flat, plan" flat --view plan --size 1600x1100
+
+spider=/usr/share/assimp/models/OBJ/spider.obj
+picture model-textures "a model file with its pictures as textures" "$spider" --size 1200x900

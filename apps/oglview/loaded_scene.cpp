@@ -37,6 +37,7 @@ LoadedScene loadSample() {
 }
 
 void noteOddities(const Model& model, const ogl::host::SoupReport& report, LoadedScene& scene) {
+    scene.notes = model.warnings;
     if (model.lengthUnitGuessed && model.lengthUnit != "m")
         scene.notes.push_back("the file names no unit of length; by its size it is in " +
                               model.lengthUnit + " (--unit says otherwise)");

@@ -27,7 +27,28 @@ std::string textureOf(const aiMaterial& material, aiTextureType type) {
     return {path.C_Str(), path.length};
 }
 
+/// Only blended materials have an opacity of their own in such files.
+void readAlphaMode(std::string_view mode, float alpha, ModelMaterial& material) {
+    material.opacity = 1.0f;
+    material.alphaUse = AlphaUse::None;
+    if (mode == "BLEND") {
+        material.opacity = alpha;
+        material.alphaUse = AlphaUse::Blend;
+    } else if (mode == "MASK") {
+        material.alphaUse = AlphaUse::CutOut;
+    }
+}
+
 } // namespace
+
+unsigned textureChannel(const aiMaterial& material) {
+    aiString path;
+    unsigned channel = 0;
+    for (const aiTextureType type : {aiTextureType_BASE_COLOR, aiTextureType_DIFFUSE})
+        if (material.GetTexture(type, 0, &path, nullptr, &channel) == AI_SUCCESS)
+            return channel;
+    return 0;
+}
 
 ModelMaterial readMaterial(const aiMaterial& material) {
     ModelMaterial result;
@@ -45,8 +66,7 @@ ModelMaterial readMaterial(const aiMaterial& material) {
         result.opacity = unitRange(opacity, 1.0f);
     aiString alphaMode;
     if (material.Get(AI_MATKEY_GLTF_ALPHAMODE, alphaMode) == AI_SUCCESS)
-        result.opacity =
-            std::string_view(alphaMode.C_Str()) == "BLEND" ? unitRange(color.a, 1.0f) : 1.0f;
+        readAlphaMode(alphaMode.C_Str(), unitRange(color.a, 1.0f), result);
     aiColor3D emissive(0, 0, 0);
     if (material.Get(AI_MATKEY_COLOR_EMISSIVE, emissive) == AI_SUCCESS)
         result.emission = meanOf(emissive);
@@ -61,6 +81,7 @@ ModelMaterial readMaterial(const aiMaterial& material) {
     if (result.texture.empty())
         result.texture = textureOf(material, aiTextureType_DIFFUSE);
     result.alphaTexture = textureOf(material, aiTextureType_OPACITY);
+    result.normalTexture = textureOf(material, aiTextureType_NORMALS);
     return result;
 }
 

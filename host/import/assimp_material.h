@@ -11,4 +11,7 @@ namespace ogl::host {
 /// The surface finish that an imported material describes.
 ModelMaterial readMaterial(const aiMaterial& material);
 
+/// The set of texture coordinates that the material's colour image is laid out with.
+unsigned textureChannel(const aiMaterial& material);
+
 } // namespace ogl::host

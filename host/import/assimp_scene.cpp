@@ -67,8 +67,10 @@ class SceneReader {
 
     void read() {
         materialNumbers_.resize(scene_.mNumMaterials, 0);
-        for (unsigned k = 0; k < scene_.mNumMaterials; ++k)
+        for (unsigned k = 0; k < scene_.mNumMaterials; ++k) {
             materialNumbers_[k] = addMaterial(readMaterial(*scene_.mMaterials[k]));
+            channels_.push_back(textureChannel(*scene_.mMaterials[k]));
+        }
         visit(*scene_.mRootNode, Transform{}, {}, kNoObject);
         std::erase_if(model_.objects, [](const ModelObject& o) { return o.parts.empty(); });
     }
@@ -127,10 +129,11 @@ class SceneReader {
             part.positions.push_back(transform.point(mesh.mVertices[k]));
         if (mesh.HasNormals())
             readNormals(mesh, transform, part);
-        if (mesh.HasTextureCoords(0))
+        const unsigned channel = channels_[mesh.mMaterialIndex];
+        if (mesh.HasTextureCoords(channel))
             for (unsigned k = 0; k < mesh.mNumVertices; ++k) {
-                part.texCoords.push_back(mesh.mTextureCoords[0][k].x);
-                part.texCoords.push_back(mesh.mTextureCoords[0][k].y);
+                part.texCoords.push_back(mesh.mTextureCoords[channel][k].x);
+                part.texCoords.push_back(mesh.mTextureCoords[channel][k].y);
             }
         if (!std::ranges::all_of(part.texCoords, [](float t) { return std::isfinite(t); }))
             part.texCoords.clear();
@@ -193,6 +196,7 @@ class SceneReader {
     const ImportOptions& options_;
     Model& model_;
     std::vector<uint32_t> materialNumbers_; ///< by the importer's number
+    std::vector<unsigned> channels_;        ///< of texture coordinates, likewise
 };
 
 } // namespace

@@ -14,6 +14,13 @@
 
 namespace ogl::host {
 
+/// What the alpha of a material's colour image does.
+enum class AlphaUse : uint8_t {
+    CutOut, ///< pixels show or don't
+    Blend,  ///< pixels let something shine through
+    None
+};
+
 /// One surface finish.
 struct ModelMaterial {
     std::string name;
@@ -22,8 +29,12 @@ struct ModelMaterial {
     float emission = 0.0f;                        ///< mean of the emissive colour, 0 .. 1
     float specular = 0.0f;                        ///< mean of the specular colour, 0 .. 1
     bool twoSided = false;                        ///< drawn from behind too
-    std::string texture;      ///< file of the colour image, as the model names it; empty = none
-    std::string alphaTexture; ///< file of the opacity image; empty = none
+    std::string texture;       ///< file of the colour image, as the model names it; empty = none
+    std::string alphaTexture;  ///< file of the opacity image; empty = none
+    std::string normalTexture; ///< file of the normal map; empty = none
+    AlphaUse alphaUse = AlphaUse::CutOut;
+    int textureNumber = kNone;  ///< in Model::textures
+    bool alphaTextured = false; ///< its texture is blended by its alpha
 
     bool operator==(const ModelMaterial&) const = default;
 };
@@ -49,7 +60,9 @@ struct Model {
     bool lengthUnitGuessed = false; ///< from the size, since the file doesn't say
     Vec3 moved; ///< added to every position, since the file lies far from its origin
     std::vector<ModelMaterial> materials;
+    std::vector<Texture> textures;
     std::vector<ModelObject> objects;
+    std::vector<std::string> warnings; ///< what the file lacks, one line each
 };
 
 Box boundsOf(const Model& model);

@@ -3,6 +3,7 @@
 #include "host/import/model_blob.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstring>
 #include <type_traits>
@@ -10,7 +11,7 @@
 namespace ogl::host {
 namespace {
 
-constexpr uint32_t kModelMagic = 0x314c444d;   // "MDL1"
+constexpr uint32_t kModelMagic = 0x324c444d;   // "MDL2"
 constexpr uint32_t kFailureMagic = 0x31525245; // "ERR1"
 
 class Writer {
@@ -76,7 +77,11 @@ class Reader {
     bool broken_ = false;
 };
 
-constexpr size_t kSmallestMaterial = 3 * 8 + 6 * 4 + 1;
+constexpr size_t kSmallestMaterial = 4 * 8 + 7 * 4 + 3;
+constexpr size_t kSmallestTexture = 2 * 8;
+constexpr size_t kSmallestTextureFile = 5 * 4 + 8;
+constexpr size_t kSmallestText = 8;
+constexpr int kLargestSide = 0xffff;
 constexpr size_t kSmallestPart = 4 + 4 * 8;
 constexpr size_t kSmallestObject = 2 * 8;
 
@@ -89,6 +94,23 @@ void writeMaterial(Writer& out, const ModelMaterial& material) {
     out.value(static_cast<uint8_t>(material.twoSided));
     out.text(material.texture);
     out.text(material.alphaTexture);
+    out.text(material.normalTexture);
+    out.value(material.alphaUse);
+    out.value(material.textureNumber);
+    out.value(static_cast<uint8_t>(material.alphaTextured));
+}
+
+void writeTexture(Writer& out, const Texture& texture) {
+    out.text(texture.name);
+    out.value(static_cast<uint64_t>(texture.files.size()));
+    for (const TextureFile& file : texture.files) {
+        out.value(file.usage);
+        out.value(file.type);
+        out.value(file.width);
+        out.value(file.height);
+        out.value(file.bitsPerPixel);
+        out.array(file.bytes);
+    }
 }
 
 ModelMaterial readMaterial(Reader& in) {
@@ -101,15 +123,61 @@ ModelMaterial readMaterial(Reader& in) {
     material.twoSided = in.value<uint8_t>() != 0;
     material.texture = in.text();
     material.alphaTexture = in.text();
+    material.normalTexture = in.text();
+    material.alphaUse = in.value<AlphaUse>();
+    material.textureNumber = in.value<int>();
+    material.alphaTextured = in.value<uint8_t>() != 0;
     return material;
+}
+
+TextureFile readTextureFile(Reader& in) {
+    TextureFile file;
+    file.usage = in.value<TextureUsage>();
+    file.type = in.value<TextureFileType>();
+    file.width = in.value<int>();
+    file.height = in.value<int>();
+    file.bitsPerPixel = in.value<int>();
+    file.bytes = in.array<uint8_t>();
+    return file;
+}
+
+Texture readTexture(Reader& in) {
+    Texture texture;
+    texture.name = in.text();
+    texture.files.resize(in.count(kSmallestTextureFile));
+    for (TextureFile& file : texture.files)
+        file = readTextureFile(in);
+    return texture;
+}
+
+/// The usage decides where in the host's record the image goes. The bytes are the library's to
+/// check.
+bool isSound(const TextureFile& file) {
+    constexpr std::array kUsages = {TextureUsage::Color, TextureUsage::Opacity,
+                                    TextureUsage::NormalMap};
+    return std::ranges::find(kUsages, file.usage) != kUsages.end() && file.width > 0 &&
+           file.width <= kLargestSide && file.height > 0 && file.height <= kLargestSide;
+}
+
+bool readTextures(Reader& in, Model& model) {
+    model.textures.resize(in.count(kSmallestTexture));
+    for (Texture& texture : model.textures) {
+        texture = readTexture(in);
+        if (!in.good() || !std::ranges::all_of(
+                              texture.files, [](const TextureFile& file) { return isSound(file); }))
+            return false;
+    }
+    return in.good();
 }
 
 bool isUnitRange(float value) {
     return value >= 0.0f && value <= 1.0f;
 }
 
-bool isSound(const ModelMaterial& material) {
-    return std::ranges::all_of(material.color, isUnitRange) && isUnitRange(material.opacity) &&
+bool isSound(const ModelMaterial& material, size_t textureCount) {
+    return material.textureNumber >= kNone &&
+           material.textureNumber < static_cast<int>(textureCount) &&
+           std::ranges::all_of(material.color, isUnitRange) && isUnitRange(material.opacity) &&
            isUnitRange(material.emission) && isUnitRange(material.specular);
 }
 
@@ -153,10 +221,15 @@ bool readModel(Reader& in, Model& model) {
     model.lengthUnit = in.text();
     model.lengthUnitGuessed = in.value<uint8_t>() != 0;
     model.moved = in.value<Vec3>();
+    model.warnings.resize(in.count(kSmallestText));
+    for (std::string& warning : model.warnings)
+        warning = in.text();
+    if (!readTextures(in, model))
+        return false;
     model.materials.resize(in.count(kSmallestMaterial));
     for (ModelMaterial& material : model.materials) {
         material = readMaterial(in);
-        if (!in.good() || !isSound(material))
+        if (!in.good() || !isSound(material, model.textures.size()))
             return false;
     }
     return readObjects(in, model);
@@ -171,6 +244,12 @@ std::vector<std::byte> packModel(const Model& model) {
     out.text(model.lengthUnit);
     out.value(static_cast<uint8_t>(model.lengthUnitGuessed));
     out.value(model.moved);
+    out.value(static_cast<uint64_t>(model.warnings.size()));
+    for (const std::string& warning : model.warnings)
+        out.text(warning);
+    out.value(static_cast<uint64_t>(model.textures.size()));
+    for (const Texture& texture : model.textures)
+        writeTexture(out, texture);
     out.value(static_cast<uint64_t>(model.materials.size()));
     for (const ModelMaterial& material : model.materials)
         writeMaterial(out, material);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/import/model_reader.h"
 
+#include "host/import/assimp_images.h"
 #include "host/import/assimp_scene.h"
 #include "host/import/place_model.h"
 
@@ -29,12 +30,14 @@ std::string readWithImporter(const std::string& path, const ImportOptions& optio
     importer.SetPropertyInteger(AI_CONFIG_PP_SBP_REMOVE,
                                 aiPrimitiveType_POINT | aiPrimitiveType_LINE);
     importer.SetPropertyBool(AI_CONFIG_IMPORT_IFC_SKIP_SPACE_REPRESENTATIONS, !options.keepHelpers);
-    const aiScene* scene = importer.ReadFile(path, aiProcess_Triangulate | aiProcess_SortByPType);
+    const aiScene* scene = importer.ReadFile(path, aiProcess_Triangulate | aiProcess_SortByPType |
+                                                       aiProcess_TransformUVCoords);
     if (scene == nullptr)
         return oneLine(importer.GetErrorString());
     readScene(*scene, options, model);
     if (model.objects.empty())
         return "there are no surfaces in it";
+    addTextures(imagesOf(*scene, path), model);
     placeModel(path, options, readAxes(*scene), model);
     return {};
 }

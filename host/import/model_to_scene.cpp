@@ -11,13 +11,16 @@ uint8_t byteOf(float unitRange) {
     return static_cast<uint8_t>(std::lround(unitRange * 255.0f));
 }
 
-Material materialOf(const ModelMaterial& source) {
+Material materialOf(const ModelMaterial& source, TextureId firstTexture) {
     Material material;
     material.name = source.name;
     material.color = {byteOf(source.color[0]), byteOf(source.color[1]), byteOf(source.color[2])};
     material.opacity = source.opacity;
     material.emission = source.emission;
     material.specular = source.specular;
+    if (source.textureNumber != kNone)
+        material.texture = firstTexture + source.textureNumber;
+    material.alphaTextured = source.alphaTextured;
     return material;
 }
 
@@ -90,8 +93,11 @@ SoupReport addObjectParts(SceneBuilder& builder, ObjectId id, const Model& model
 
 SoupReport addModel(SceneBuilder& builder, const Model& model, double scale, bool bothSides) {
     const MaterialId firstMaterial = builder.materialCount();
+    const auto firstTexture = static_cast<TextureId>(builder.textures().size());
+    for (const Texture& texture : model.textures)
+        builder.addTexture(texture);
     for (const ModelMaterial& material : model.materials)
-        builder.addMaterial(materialOf(material));
+        builder.addMaterial(materialOf(material, firstTexture));
     SoupReport sum;
     for (const ModelObject& object : model.objects)
         addTo(sum, addObjectParts(builder, builder.addObject(object.name), model, object, scale,

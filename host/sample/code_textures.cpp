@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "host/sample/code_textures.h"
 
+#include "host/dib_file.h"
+
 #include <algorithm>
-#include <cstring>
 #include <numbers>
 
 namespace ogl::host {
@@ -11,12 +12,6 @@ namespace ogl::host {
 namespace {
 
 constexpr double kPi = std::numbers::pi;
-constexpr size_t kHeaderSize = 40; // of a BITMAPINFOHEADER
-
-void put(std::vector<uint8_t>& bytes, size_t offset, uint32_t value, size_t size) {
-    for (size_t i = 0; i < size; ++i)
-        bytes[offset + i] = static_cast<uint8_t>(value >> (8 * i));
-}
 
 uint8_t byteOf(double v) {
     return static_cast<uint8_t>(std::lround(std::clamp(v, 0.0, 1.0) * 255.0));
@@ -72,21 +67,10 @@ Tone grain(double u, double v, double seed, Tone light, Tone dark) {
 TextureFile paintDib(TextureUsage usage, int width, int height,
                      const std::function<Tone(double u, double v)>& tone) {
     const bool grey = usage == TextureUsage::Opacity;
-    const size_t channels = grey ? 1 : 3;
-    const auto w = static_cast<size_t>(width);
-    const auto h = static_cast<size_t>(height);
-    const size_t imageSize = w * h * channels;
-    TextureFile file{usage, TextureFileType::Dib, width, height, grey ? 8 : 24, {}};
-    file.bytes.resize(kHeaderSize + imageSize);
-    put(file.bytes, 0, kHeaderSize, 4);
-    put(file.bytes, 4, static_cast<uint32_t>(width), 4);
-    put(file.bytes, 8, static_cast<uint32_t>(height), 4);
-    put(file.bytes, 12, 1, 2);
-    put(file.bytes, 14, static_cast<uint32_t>(file.bitsPerPixel), 2);
-    put(file.bytes, 20, static_cast<uint32_t>(imageSize), 4);
-    uint8_t* pixel = file.bytes.data() + kHeaderSize;
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x, pixel += channels) {
+    TextureFile file = blankDib(usage, width, height, grey ? 8 : 24);
+    for (int y = 0; y < height; ++y) {
+        uint8_t* pixel = dibRow(file, y);
+        for (int x = 0; x < width; ++x, pixel += grey ? 1 : 3) {
             const Tone t = tone((x + 0.5) / width, (y + 0.5) / height);
             if (grey) {
                 pixel[0] = byteOf(t.red);
@@ -96,6 +80,7 @@ TextureFile paintDib(TextureUsage usage, int width, int height,
                 pixel[2] = byteOf(t.red);
             }
         }
+    }
     return file;
 }
 

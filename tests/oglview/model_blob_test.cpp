@@ -26,6 +26,15 @@ Model smallModel() {
     glass.twoSided = true;
     glass.texture = "pane.png";
     glass.alphaTexture = "mask.png";
+    glass.normalTexture = "bumps.png";
+    glass.alphaUse = AlphaUse::Blend;
+    glass.textureNumber = 0;
+    glass.alphaTextured = true;
+    model.textures = {{"pane",
+                       {{TextureUsage::Color, TextureFileType::Dib, 3, 2, 32, {1, 2, 3}},
+                        {TextureUsage::NormalMap, TextureFileType::Tga, 1, 1, 24, {4}}}},
+                      {"none", {}}};
+    model.warnings = {"a texture is missing", "another one, too"};
     model.materials = {ModelMaterial{}, glass};
     ModelPart part;
     part.material = 1;
@@ -49,6 +58,11 @@ TEST(ModelBlob, BringsEverythingAcross) {
     EXPECT_EQ(got.lengthUnitGuessed, sent.lengthUnitGuessed);
     EXPECT_EQ(got.moved.z, 3.0);
     EXPECT_EQ(got.materials, sent.materials);
+    EXPECT_EQ(got.warnings, sent.warnings);
+    ASSERT_EQ(got.textures.size(), 2u);
+    ASSERT_EQ(got.textures[0].files.size(), 2u);
+    EXPECT_EQ(got.textures[0].files[1].usage, TextureUsage::NormalMap);
+    EXPECT_EQ(got.textures[0].files[0].bytes, (std::vector<uint8_t>{1, 2, 3}));
     ASSERT_EQ(got.objects.size(), sent.objects.size());
     // Packing again gives the same bytes, so nothing got lost on the way.
     EXPECT_EQ(packModel(got), packModel(sent));
@@ -109,6 +123,11 @@ TEST(ModelBlob, RefusesContradictions) {
              m.objects[0].parts[0].normals[0] = std::numeric_limits<float>::infinity();
          }},
         {"opacity", [](Model& m) { m.materials[1].opacity = 1.5f; }},
+        {"texture out of range", [](Model& m) { m.materials[1].textureNumber = 2; }},
+        {"negative texture", [](Model& m) { m.materials[1].textureNumber = -2; }},
+        {"image beside its slot",
+         [](Model& m) { m.textures[0].files[0].usage = static_cast<TextureUsage>(7); }},
+        {"image without width", [](Model& m) { m.textures[0].files[0].width = 0; }},
         {"colour", [](Model& m) { m.materials[1].color[2] = -0.5f; }},
     };
     for (const Row& row : rows) {

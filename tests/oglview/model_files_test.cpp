@@ -7,6 +7,7 @@
 #include "host/import/length_unit.h"
 #include "host/import/model_to_scene.h"
 #include "oglview/programs.h"
+#include "support/image_bytes.h"
 #include "support/temp_folder.h"
 
 #include <gtest/gtest.h>
@@ -193,6 +194,63 @@ TEST_F(ModelFiles, KeepsNamesMaterialsAndTextures) {
         }
     }
     EXPECT_TRUE(red && glass);
+    EXPECT_EQ(model.warnings,
+              std::vector<std::string>{"texture 'bricks.png' is not shown: there is no such file"});
+}
+
+std::string base64(const ogl::test::Bytes& bytes) {
+    constexpr const char* kDigits =
+        "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+    std::string text;
+    for (size_t k = 0; k < bytes.size(); k += 3) {
+        uint32_t group = 0;
+        for (size_t i = 0; i < 3; ++i)
+            group = group << 8 | (k + i < bytes.size() ? bytes[k + i] : 0u);
+        for (size_t i = 0; i < 4; ++i)
+            text += k + i <= bytes.size() ? kDigits[group >> (18 - 6 * i) & 63u] : '=';
+    }
+    return text;
+}
+
+/// A picture of one colour.
+ogl::test::Bytes tga(uint8_t red, uint8_t green, uint8_t blue) {
+    return ogl::test::TgaBytes{.width = 1, .height = 1, .data = {blue, green, red}}.file();
+}
+
+TEST_F(ModelFiles, TakesPicturesFromTheModelOrBesideIt) {
+    const ogl::test::Bytes beside = tga(10, 20, 30);
+    write("beside.tga", std::string(beside.begin(), beside.end()));
+    const auto gltf = [](const std::string& uri) {
+        return R"({"asset":{"version":"2.0"},"scene":0,"scenes":[{"nodes":[0]}],
+"nodes":[{"mesh":0}],
+"meshes":[{"primitives":[{"attributes":{"POSITION":0,"TEXCOORD_0":1},"material":0}]}],
+"materials":[{"pbrMetallicRoughness":{"baseColorTexture":{"index":0}}}],
+"textures":[{"source":0}],"images":[{"uri":")" +
+               uri +
+               R"("}],
+"accessors":[{"bufferView":0,"componentType":5126,"count":3,"type":"VEC3",
+"min":[0,0,0],"max":[2,1,0]},{"bufferView":0,"componentType":5126,"count":3,"type":"VEC2"}],
+"bufferViews":[{"buffer":0,"byteOffset":0,"byteLength":36}],
+"buffers":[{"byteLength":36,"uri":"data:application/octet-stream;base64,)"
+               "AAAAAAAAAAAAAAAAAAAAQAAAAAAAAAAAAAAAAAAAgD8AAAAA"
+               R"("}]})";
+    };
+    const struct {
+        const char* name;
+        std::string uri;
+        ogl::test::Bytes blueGreenRed;
+    } rows[] = {
+        {"beside", "beside.tga", {30, 20, 10}},
+        {"inside", "data:image/tga;base64," + base64(tga(40, 50, 60)), {60, 50, 40}},
+    };
+    for (const auto& row : rows) {
+        const Model model = import(write("a.gltf", gltf(row.uri)));
+        EXPECT_EQ(model.warnings, std::vector<std::string>{}) << row.name;
+        ASSERT_EQ(model.textures.size(), 1u) << row.name;
+        const auto& bytes = model.textures[0].files[0].bytes;
+        EXPECT_EQ(ogl::test::Bytes(bytes.begin() + 40, bytes.begin() + 43), row.blueGreenRed);
+        EXPECT_EQ(model.materials[model.objects[0].parts[0].material].textureNumber, 0);
+    }
 }
 
 /// A glTF with one triangle in the plane z = 0, used by a node that is moved, one that is mirrored,

@@ -3,6 +3,7 @@
 //
 // The program as a person runs it: what it draws and what it says.
 #include "oglview/programs.h"
+#include "support/image_bytes.h"
 #include "support/system.h"
 #include "support/temp_folder.h"
 
@@ -10,6 +11,7 @@
 #include <stb_image.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <memory>
 #include <vector>
@@ -105,6 +107,39 @@ TEST_F(Program, DrawsTexturesAtGrazingAngles) {
              "--fov", "40", "--size", "600x420", "--antialias", "1"});
     ASSERT_EQ(result.exitCode, 0) << result.output;
     EXPECT_GT(readImage(path).inkShare(), 0.01);
+}
+
+TEST_F(Program, ShowsTheTexturesOfAModel) {
+    if (!ogl::test::programReadsModels())
+        GTEST_SKIP() << "this build reads no model files";
+    const ogl::test::Bytes picture =
+        ogl::test::TgaBytes{.width = 1, .height = 2, .data = {40, 90, 200, 60, 180, 20}}.file();
+    ogl::test::writeFile(folder_.file("wall.tga"), std::string(picture.begin(), picture.end()));
+    ogl::test::writeFile(folder_.file("wall.mtl"), "newmtl wall\nmap_Kd wall.tga\n"
+                                                   "newmtl lost\nmap_Kd lost.png\n");
+    // A wall of 4 x 4 m in the plane y = 0, the second one beside it.
+    ogl::test::writeFile(folder_.file("wall.obj"),
+                         "mtllib wall.mtl\nv 0 0 0\nv 4 0 0\nv 4 0 4\nv 0 0 4\nv 8 0 0\n"
+                         "v 8 0 4\nvt 0 0\nvt 1 0\nvt 1 1\nvt 0 1\n"
+                         "usemtl wall\nf 1/1 2/2 3/3 4/4\nusemtl lost\nf 2/1 5/2 6/3 3/4\n");
+    const ProcessResult result =
+        run({"render", folder_.file("wall.obj"), "--up", "z", "--unit", "m", "--size", "200x200",
+             "--antialias", "1", "--camera", "2,-4,2,2,0,2", "--fov", "90", "-o",
+             folder_.file("wall.png")});
+    ASSERT_EQ(result.exitCode, 0) << result.output;
+    EXPECT_EQ(result.output,
+              "oglview: note: texture 'lost.png' is not shown: there is no such file\n");
+    // 8 m are 200 pixels: the wall is 100 pixels wide, each texel 50 high; linear filtering mixes
+    // them away from their middles.
+    const Image image = readImage(folder_.file("wall.png"));
+    ASSERT_EQ(image.height, 200);
+    const auto isNear = [&](int x, int y, int red, int green, int blue) {
+        const uint8_t* p = image.at(x, y);
+        return std::abs(p[0] - red) < 6 && std::abs(p[1] - green) < 6 && std::abs(p[2] - blue) < 6;
+    };
+    EXPECT_TRUE(isNear(100, 75, 20, 180, 60));
+    EXPECT_TRUE(isNear(100, 125, 200, 90, 40));
+    EXPECT_TRUE(image.isWhite(180, 100)) << "the other wall's texture is missing";
 }
 
 TEST_F(Program, DrawsTheSampleInBothModesAndFormats) {
