@@ -31,8 +31,7 @@ void bindTexture(int unit, TextureKind kind, unsigned texture, int filter, float
 /// Makes unit `unit` active and turns texturing of every kind off on it.
 void resetTextureUnit(int unit);
 
-/// The driver's largest anisotropy, at most 4; 1 when it has no anisotropic filtering, or none worth
-/// using.
+/// The driver's largest anisotropy, at most 4; 1 when it has no anisotropic filtering that works.
 float materialAnisotropy();
 
 } // namespace ogl
