@@ -7,8 +7,8 @@ usage() {
     cat <<'END'
 Usage: scripts/setup.sh [run] [test] [bench] [windows]
 
-Installs from Debian, by name, what the named commands need; installs nothing that is there
-already. "windows" also prepares the cross builds: GLEW for MinGW into build/glew-win32 and
+Installs from Debian and npm, by name, what the named commands need; installs nothing that is
+there already. "windows" also prepares the cross builds: GLEW for MinGW into build/glew-win32 and
 build/glew-win64. Without a name: run and test.
 END
 }
@@ -20,6 +20,7 @@ build_packages=(
     g++
     libassimp-dev
     libcli11-dev
+    libcpp-httplib-dev
     libfontconfig-dev
     libfreetype-dev
     libgl-dev
@@ -35,6 +36,7 @@ build_packages=(
 )
 run_packages=(assimp-testmodels)
 test_packages=(
+    chromium
     clang
     clang-format
     clang-tidy
@@ -51,7 +53,10 @@ windows_packages=(
 )
 
 packages=("${build_packages[@]}")
+# Any Node with its npm will do; Debian's is taken when there is none.
+command -v npm >/dev/null || packages+=(nodejs npm)
 windows=no
+viewer=page
 [ $# -gt 0 ] || set -- run test
 for command in "$@"; do
     case $command in
@@ -59,6 +64,7 @@ for command in "$@"; do
     test)
         packages+=("${run_packages[@]}" "${test_packages[@]}" "${windows_packages[@]}")
         windows=yes
+        viewer=tests
         ;;
     bench) packages+=("${bench_packages[@]}") ;;
     windows)
@@ -86,6 +92,23 @@ if [ ${#missing[@]} -gt 0 ]; then
     apt_quiet update || die "apt-get update failed"
     apt_quiet install --no-install-recommends "${missing[@]}" || die "could not install packages"
 fi
+
+# What package.json names, from npm: for the page, or for the page and its tests.
+npm_install() {
+    local installed=viewer/node_modules/.package-lock.json needed=$1
+    shift
+    [ ! "$installed" -nt viewer/package-lock.json ] || [ ! -d "viewer/node_modules/$needed" ] || return 0
+    mkdir -p build
+    say "installing viewer/node_modules"
+    npm ci --prefix viewer --no-audit --no-fund "$@" >build/npm.log 2>&1 || {
+        tail -n 30 build/npm.log >&2
+        die "npm could not install the packages of viewer/package.json"
+    }
+}
+case $viewer in
+page) npm_install gl-matrix --omit=dev ;;
+tests) npm_install playwright-core ;;
+esac
 
 if [ "$windows" = yes ]; then
     scripts/glew_mingw.sh

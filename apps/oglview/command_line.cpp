@@ -122,6 +122,19 @@ void addStyleOptions(CLI::App& command, Parsed& parsed) {
         ->type_name("PATH");
 }
 
+void addExportOptions(CLI::App& command, Parsed& parsed) {
+    addModelOptions(command, parsed);
+    command
+        .add_option("OUTPUT", parsed.output,
+                    "FOLDER/Sessions/NAME/scene.js; the page goes into FOLDER")
+        ->required();
+    command.add_option("--size", parsed.texts.size, "Size of the view in pixels (1280x800)")
+        ->type_name("WxH");
+    addViewOptions(command, parsed);
+    command.add_option("--background", parsed.texts.background, "Background of the page")
+        ->type_name("RRGGBB");
+}
+
 template <class T> void checkRange(const char* name, T value, T low, T high) {
     if (value >= low && value <= high)
         return;
@@ -192,6 +205,18 @@ void understandStyle(const CLI::App& command, Parsed& parsed) {
     checkRange("--samples", parsed.library.samples, 1, 16);
 }
 
+ExportOptions exportOptions(const CLI::App& command, const Parsed& parsed) {
+    ExportOptions options;
+    options.model = parsed.model;
+    options.view = parsed.view;
+    options.output = parsed.output;
+    if (command.count("--size") != 0)
+        options.size = parseSize(parsed.texts.size);
+    if (command.count("--background") != 0)
+        options.background = parseColor(parsed.texts.background);
+    return options;
+}
+
 /// The first line of a message of the command-line library.
 std::string firstLine(const std::string& text) {
     return text.substr(0, text.find('\n'));
@@ -238,6 +263,16 @@ Request readCommandLine(int argc, const char* const* argv) {
     addViewOptions(show, parsed);
     addStyleOptions(show, parsed);
 
+    CLI::App& exported = *app.add_subcommand("export", "Write a model as a page for web browsers");
+    addExportOptions(exported, parsed);
+
+    ServeOptions serving;
+    CLI::App& serve =
+        *app.add_subcommand("serve", "Show exported models in this machine's browser");
+    serve.add_option("FOLDER", serving.folder, "Folder of the page")->required();
+    serve.add_option("--port", serving.port, "Port to listen on; 0 takes any (8000)")
+        ->type_name("N");
+
     CLI::App& info = *app.add_subcommand("info", "Tell what is in a model");
     addModelOptions(info, parsed);
     info.add_flag("--objects", parsed.listObjects, "List the objects with their sizes in metres");
@@ -254,10 +289,16 @@ Request readCommandLine(int argc, const char* const* argv) {
     if (parse(app, argc, argv))
         return NothingToDo{};
     const CLI::App& command = *app.get_subcommands().front();
+    if (&command == &serve) {
+        checkRange("--port", serving.port, 0, 65535);
+        return serving;
+    }
     understandModel(command, parsed);
     if (&command == &info)
         return InfoOptions{parsed.model, parsed.listObjects};
     understandView(command, parsed);
+    if (&command == &exported)
+        return exportOptions(command, parsed);
     const bool sized = command.count("--size") != 0;
     if (&command == &pick) {
         PickOptions options{parsed.model, parsed.view};

@@ -11,7 +11,8 @@ namespace oglview {
 /// Nothing left to do: help or version was printed.
 struct NothingToDo {};
 
-using Request = std::variant<NothingToDo, RenderOptions, ShowOptions, PickOptions, InfoOptions>;
+using Request = std::variant<NothingToDo, RenderOptions, ShowOptions, PickOptions, ExportOptions,
+                             ServeOptions, InfoOptions>;
 
 /// Reads the command line. Prints help or version to standard output when asked to. Throws
 /// UserError for a command line that it cannot take.

@@ -11,6 +11,8 @@ namespace oglview {
 
 int renderCommand(const std::string& program, const RenderOptions& options);
 int showCommand(const std::string& program, const ShowOptions& options);
+int exportCommand(const std::string& program, const ExportOptions& options);
+int serveCommand(const ServeOptions& options);
 int infoCommand(const std::string& program, const InfoOptions& options);
 int pickCommand(const std::string& program, const PickOptions& options);
 

@@ -74,8 +74,38 @@ std::string systemReason() {
     return errno != 0 ? std::strerror(errno) : "the system gave no reason";
 }
 
-/// Writes beside the file and renames, so that nobody ever finds half a file.
-void writeWhole(const std::string& path, const Bytes& bytes) {
+} // namespace
+
+void checkPictureName(const std::string& path) {
+    const std::string extension = ogl::host::extensionOf(path);
+    if (extension != "png" && extension != "bmp")
+        throw UserError("'" + path + "' is no picture file: the name must end in .png or .bmp");
+    const fs::path folder = fs::path(path).parent_path();
+    std::error_code error;
+    if (!folder.empty() && !fs::is_directory(folder, error))
+        failWriting(path, "there is no folder '" + folder.string() + "'");
+    if (fs::is_directory(path, error))
+        failWriting(path, "it is a folder");
+}
+
+void writePicture(const std::string& path, const Picture& picture) {
+    const Bytes bytes =
+        ogl::host::extensionOf(path) == "png" ? encodePng(picture) : encodeBmp(picture);
+    if (bytes.empty())
+        failWriting(path, "the picture is too large to encode");
+    writeWholeFile(path, bytes);
+}
+
+void writePng(const std::string& path, const ColorImage& image) {
+    Bytes file;
+    if (!stbi_write_png_to_func(appendBytes, &file, image.width, image.height, 4,
+                                image.pixels.data(), image.width * 4))
+        failWriting(path, "the picture is too large to encode");
+    writeWholeFile(path, file);
+}
+
+void writeWholeFile(const std::string& path, const std::vector<uint8_t>& bytes) {
+    // Beside the file, then renamed, so that nobody ever finds half a file.
     const std::string unfinished = path + ".part";
     std::error_code ignored;
     errno = 0;
@@ -96,28 +126,6 @@ void writeWhole(const std::string& path, const Bytes& bytes) {
         fs::remove(unfinished, ignored);
         failWriting(path, error.message());
     }
-}
-
-} // namespace
-
-void checkPictureName(const std::string& path) {
-    const std::string extension = ogl::host::extensionOf(path);
-    if (extension != "png" && extension != "bmp")
-        throw UserError("'" + path + "' is no picture file: the name must end in .png or .bmp");
-    const fs::path folder = fs::path(path).parent_path();
-    std::error_code error;
-    if (!folder.empty() && !fs::is_directory(folder, error))
-        failWriting(path, "there is no folder '" + folder.string() + "'");
-    if (fs::is_directory(path, error))
-        failWriting(path, "it is a folder");
-}
-
-void writePicture(const std::string& path, const Picture& picture) {
-    const Bytes bytes =
-        ogl::host::extensionOf(path) == "png" ? encodePng(picture) : encodeBmp(picture);
-    if (bytes.empty())
-        failWriting(path, "the picture is too large to encode");
-    writeWhole(path, bytes);
 }
 
 } // namespace oglview

@@ -33,6 +33,10 @@ int runRequest(const oglview::Request& request) {
         return oglview::renderCommand(program, *render);
     if (const auto* show = std::get_if<oglview::ShowOptions>(&request))
         return oglview::showCommand(program, *show);
+    if (const auto* exported = std::get_if<oglview::ExportOptions>(&request))
+        return oglview::exportCommand(program, *exported);
+    if (const auto* serve = std::get_if<oglview::ServeOptions>(&request))
+        return oglview::serveCommand(*serve);
     if (const auto* info = std::get_if<oglview::InfoOptions>(&request))
         return oglview::infoCommand(program, *info);
     if (const auto* pick = std::get_if<oglview::PickOptions>(&request))

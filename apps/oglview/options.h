@@ -72,6 +72,19 @@ struct PickOptions {
     bool json = false;
 };
 
+struct ExportOptions {
+    ModelOptions model;
+    ViewOptions view;
+    std::string output; ///< FOLDER/Sessions/NAME/scene.js
+    std::optional<ogl::host::Color> background;
+    Size size{1280, 800};
+};
+
+struct ServeOptions {
+    std::string folder;
+    int port = 8000; ///< 0 = any that is free
+};
+
 struct InfoOptions {
     ModelOptions model;
     bool listObjects = false;

@@ -22,6 +22,8 @@ varying vec3 shadowCoord;
 const float shadowMapSize = 2048.0;
 const float depthBias = 0.0004;
 const float exposure = 0.8;
+const float skyShare = 1.2;
+const float sunShare = 0.6;
 const vec3 skyColor = vec3(0.86, 0.93, 1.0);
 
 /* 1 where the light reaches past texel (x, y), 0 where something nearer is in its way. */
@@ -63,9 +65,9 @@ void main() {
     vec3 toEye = normalize(eyePos - position);
     float facing = max(dot(n, lightDir), 0.0);
     float sun = facing > 0.0 ? facing * litShare() : 0.0;
-    float sky = 0.5 + 0.25 * n.z;
-    vec3 bounced = lightIntensity * (0.0625 * (dot(n, lightDir) + 1.0));
-    vec3 light = vec3(ambientFactor * sky) + bounced + lightIntensity * sun;
+    float sky = skyShare * ambientFactor * (0.5 + 0.25 * n.z);
+    float bounced = 0.0625 * (dot(n, lightDir) + 1.0);
+    vec3 light = sky + lightIntensity * (sunShare * (bounced + sun));
     vec3 color = pow(surface.rgb, vec3(2.2)) * light;
 
     vec3 between = normalize(lightDir + toEye);

@@ -68,6 +68,7 @@ const ShadowMap = {
         gl.clearColor(1, 1, 1, 1);
         gl.clear(gl.COLOR_BUFFER_BIT | gl.DEPTH_BUFFER_BIT);
         gl.disable(gl.BLEND);
+        gl.enable(gl.DEPTH_TEST);
         gl.disable(gl.CULL_FACE); // a single sheet casts its shadow whichever side it shows
         gl.useProgram(depthPrg);
         gl.enableVertexAttribArray(depthPrg.vertPos);
@@ -110,13 +111,13 @@ const Ground = {
                  return step(depth, shadowCoord.z - 0.001);
              }
              void main() {
-                 vec2 inside = step(vec2(0.0), shadowCoord.xy) * step(shadowCoord.xy, vec2(1.0));
+                 vec3 inside = step(vec3(0.0), shadowCoord) * step(shadowCoord, vec3(1.0));
                  float sum = 0.0;
                  for (int x = -1; x <= 1; ++x)
                      for (int y = -1; y <= 1; ++y)
                          sum += shade(vec2(float(x), float(y)));
                  float fade = 1.0 - smoothstep(0.5, 1.0, length(place));
-                 gl_FragColor = vec4(0.04, 0.06, 0.1, 0.3 * fade * inside.x * inside.y * sum / 9.0);
+                 gl_FragColor = vec4(0.04, 0.06, 0.1, 0.3 * fade * inside.x * inside.y * inside.z * sum / 9.0);
              }`);
         for (const name of ["middle", "reach", "viewProjMat", "lightViewProjMat", "shadowMap"])
             this.program[name] = gl.getUniformLocation(this.program, name);

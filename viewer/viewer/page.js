@@ -148,14 +148,18 @@ function openCanvas() {
     return gl !== null;
 }
 
-async function start() {
+/** Makes the tools work. Documents call it before they fill the scene. */
+function initUI() {
     for (const button of document.querySelectorAll("[data-command]"))
-        button.addEventListener("click", () => Page.run(button.dataset.command));
+        button.onclick = () => Page.run(button.dataset.command);
+    listenToUser();
+}
+
+async function start() {
     if (!openCanvas())
         return Page.fail("This browser shows no 3D graphics",
                          "The scene needs WebGL. Turn on hardware acceleration in the browser's " +
                          "settings, or open the page in a current version of another browser.");
-    listenToUser();
     try {
         const { name, scenes } = await findScene();
         if (name === "" || name === "." || name === ".." || /[/\\]/.test(name))

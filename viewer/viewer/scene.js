@@ -4,6 +4,20 @@
 // What a document fills: the list of surfaces, each with its buffers and its texture.
 "use strict";
 
+/** What the graphics system can do; asked once, for every question waits for it. */
+const Limits = {
+    known: null,
+    ofContext() {
+        if (!this.known) {
+            const sharper = gl.getExtension("EXT_texture_filter_anisotropic");
+            const most = sharper ? gl.getParameter(sharper.MAX_TEXTURE_MAX_ANISOTROPY_EXT) : 1;
+            this.known = { sharper, sharpness: Math.min(most, 8),
+                           textureSize: gl.getParameter(gl.MAX_TEXTURE_SIZE) };
+        }
+        return this.known;
+    },
+};
+
 /** A picture on a surface. Until it has arrived, and when it does not, the surface is plain. */
 class RenderTexture {
     constructor() {
@@ -35,11 +49,9 @@ class RenderTexture {
         gl.texParameteri(gl.TEXTURE_2D, gl.TEXTURE_MIN_FILTER, gl.LINEAR_MIPMAP_LINEAR);
         gl.texParameteri(gl.TEXTURE_2D, gl.TEXTURE_WRAP_S, gl.REPEAT);
         gl.texParameteri(gl.TEXTURE_2D, gl.TEXTURE_WRAP_T, gl.REPEAT);
-        const sharper = gl.getExtension("EXT_texture_filter_anisotropic");
-        if (sharper) {
-            const most = gl.getParameter(sharper.MAX_TEXTURE_MAX_ANISOTROPY_EXT);
-            gl.texParameterf(gl.TEXTURE_2D, sharper.TEXTURE_MAX_ANISOTROPY_EXT, Math.min(most, 8));
-        }
+        const { sharper, sharpness } = Limits.ofContext();
+        if (sharper)
+            gl.texParameterf(gl.TEXTURE_2D, sharper.TEXTURE_MAX_ANISOTROPY_EXT, sharpness);
         gl.bindTexture(gl.TEXTURE_2D, null);
         this.loaded = true;
         requestDraw();
@@ -50,8 +62,9 @@ RenderTexture.pending = [];
 
 /** The picture at a size that repeats and has mip maps: WebGL 1 wants powers of two. */
 function tileable(image) {
-    const limit = gl.getParameter(gl.MAX_TEXTURE_SIZE);
-    const size = (pixels) => Math.min(limit, glVersion > 1 ? pixels : 2 ** Math.ceil(Math.log2(pixels)));
+    const { textureSize } = Limits.ofContext();
+    const size = (pixels) =>
+        Math.min(textureSize, glVersion > 1 ? pixels : 2 ** Math.ceil(Math.log2(pixels)));
     const width = size(image.naturalWidth);
     const height = size(image.naturalHeight);
     if (width === image.naturalWidth && height === image.naturalHeight) return image;
