@@ -8,7 +8,7 @@ usage() {
 Usage: scripts/gallery.sh [FOLDER]
 
 Renders a real building and the sample scenes in every mode into FOLDER (out), with the oglview of
-build/linux. Needs a display.
+build/linux, and exports them for a browser into FOLDER/web. Needs a display.
 END
 }
 case ${1:-} in
@@ -65,3 +65,9 @@ picture flat-plan "flat, plan" flat --view plan --size 1600x1100
 
 spider=/usr/share/assimp/models/OBJ/spider.obj
 picture model-textures "a model file with its pictures as textures" "$spider" --size 1200x900
+
+for scene in "house $house" "flat flat"; do
+    "$viewer" export "${scene#* }" "$out/web/Sessions/${scene%% *}/scene.js" --size 1600x1000
+done
+printf '%s  the house and the flat in a browser: %s serve %s, then open the address it prints\n' \
+    "$out/web/index.html" "$viewer" "$out/web"

@@ -24,6 +24,7 @@ const float depthBias = 0.0004;
 const float exposure = 0.8;
 const float skyShare = 1.2;
 const float sunShare = 0.6;
+const float highlightShare = 0.2;
 const vec3 skyColor = vec3(0.86, 0.93, 1.0);
 
 /* 1 where the light reaches past texel (x, y), 0 where something nearer is in its way. */
@@ -72,7 +73,8 @@ void main() {
 
     vec3 between = normalize(lightDir + toEye);
     float highlight = facing > 0.0 ? pow(max(dot(n, between), 0.0), max(specularMat.y, 1.0)) : 0.0;
-    color += lightIntensity * (specularMat.x * highlight * (sun / max(facing, 0.001)));
+    float reached = sun / max(facing, 0.001);
+    color += lightIntensity * (highlightShare * specularMat.x * highlight * reached);
     float grazing = pow(1.0 - clamp(dot(n, toEye), 0.0, 1.0), 5.0);
     float mirror = clamp(specularMat.z, 0.0, 1.0) * grazing;
     color = mix(color, skyColor * ambientFactor, mirror);

@@ -151,10 +151,10 @@ const Ground = {
 };
 
 function drawSurface(object) {
-    const pictured = object.hasDiffuseTex === 1 && object.renderTexture.loaded;
+    const texture = object.hasDiffuseTex === 1 ? object.renderTexture.diffuseTex : null;
     gl.activeTexture(gl.TEXTURE0 + kTextureUnit);
-    gl.bindTexture(gl.TEXTURE_2D, pictured ? object.renderTexture.diffuseTex : null);
-    gl.uniform1i(objPrg.hasDiffuseTex, pictured ? 1 : 0);
+    gl.bindTexture(gl.TEXTURE_2D, texture);
+    gl.uniform1i(objPrg.hasDiffuseTex, texture ? 1 : 0);
     gl.uniform4fv(objPrg.diffuseMat, object.diffuseMat);
     gl.uniform4fv(objPrg.specularMat, object.specularMat);
     for (const [place, buffer, size] of [[objPrg.vertPos, object.vertexBuffer, 3],

@@ -43,7 +43,7 @@ const Page = {
         document.title = `${name} – ogl viewer`;
         document.getElementById("scene-name").textContent = name;
         requestDraw();
-        Promise.all(RenderTexture.pending).then((arrived) => {
+        Picture.arrivals.then((arrived) => {
             const missing = arrived.filter((one) => !one).length;
             if (missing > 0) this.note(`${missing} of ${arrived.length} textures could not be loaded.`);
             requestAnimationFrame(() => requestAnimationFrame(() => (this.state = "ready")));

@@ -18,30 +18,25 @@ const Limits = {
     },
 };
 
-/** A picture on a surface. Until it has arrived, and when it does not, the surface is plain. */
-class RenderTexture {
-    constructor() {
-        this.diffuseTex = null;
-        this.loaded = false;
-    }
-
-    /** Starts loading; `url` is relative to the page, its parts as a file system names them. */
-    setImage(url) {
+/** A picture, loaded once for all the surfaces that show it. */
+class Picture {
+    /** `url` is relative to the page, its parts as a file system names them. */
+    constructor(url) {
+        this.texture = null; // until it has arrived
         const image = new Image();
-        const settled = new Promise((resolve) => {
+        this.arrival = new Promise((resolve) => {
             image.onload = () => {
                 this.upload(image);
                 resolve(true);
             };
             image.onerror = () => resolve(false);
         });
-        RenderTexture.pending.push(settled);
         image.src = url.split("/").map(encodeURIComponent).join("/");
     }
 
     upload(image) {
-        this.diffuseTex = gl.createTexture();
-        gl.bindTexture(gl.TEXTURE_2D, this.diffuseTex);
+        const texture = gl.createTexture();
+        gl.bindTexture(gl.TEXTURE_2D, texture);
         // The document leaves this at 1; its v runs downwards, as the picture's rows do.
         gl.pixelStorei(gl.UNPACK_FLIP_Y_WEBGL, 0);
         gl.texImage2D(gl.TEXTURE_2D, 0, gl.RGBA, gl.RGBA, gl.UNSIGNED_BYTE, tileable(image));
@@ -53,12 +48,33 @@ class RenderTexture {
         if (sharper)
             gl.texParameterf(gl.TEXTURE_2D, sharper.TEXTURE_MAX_ANISOTROPY_EXT, sharpness);
         gl.bindTexture(gl.TEXTURE_2D, null);
-        this.loaded = true;
+        this.texture = texture;
         requestDraw();
     }
+
+    static all = new Map();
+    static of(url) {
+        if (!this.all.has(url)) this.all.set(url, new Picture(url));
+        return this.all.get(url);
+    }
+    /** For every picture, when it is settled, whether it arrived. */
+    static get arrivals() {
+        return Promise.all([...this.all.values()].map((picture) => picture.arrival));
+    }
 }
-/** One promise per picture asked for; true when it arrived. */
-RenderTexture.pending = [];
+
+/** The texture of a surface. Until it has arrived, and when it does not, the surface is plain. */
+class RenderTexture {
+    constructor() {
+        this.picture = null;
+    }
+    setImage(url) {
+        this.picture = Picture.of(url);
+    }
+    get diffuseTex() {
+        return this.picture ? this.picture.texture : null;
+    }
+}
 
 /** The picture at a size that repeats and has mip maps: WebGL 1 wants powers of two. */
 function tileable(image) {
