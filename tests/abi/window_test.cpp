@@ -82,14 +82,19 @@ TEST_F(WindowTest, ViewFollowsTheWindowsSize) {
     }
 }
 
-TEST_F(WindowTest, BitmapsTakeTheWindowsSizeOrStayUntouched) {
-    Dib same(300, 200, 32);
-    EXPECT_EQ(library().drawInDibSection(context, scene.record(), 1, same.handle()), 1);
-    expectWall(same, 300, 200, "bitmap of the view's size");
-    RECT client{};
-    GetClientRect(window.handle(), &client);
-    EXPECT_EQ(client.right, 300);
-    EXPECT_EQ(client.bottom, 200);
+TEST_F(WindowTest, BitmapsOfAnySizeAreDrawnAndLeaveTheWindowAsItIs) {
+    for (const auto& [width, height] :
+         {std::pair{300, 200}, {301, 200}, {1000, 700}, {400, 900}, {900, 64}, {1, 1}})
+        for (const int bits : {24, 32}) {
+            Dib dib(width, height, bits);
+            EXPECT_EQ(library().drawInDibSection(context, scene.record(), 1, dib.handle()), 1);
+            if (width > 1)
+                expectWall(dib, width, height, "bitmap");
+            RECT client{};
+            GetClientRect(window.handle(), &client);
+            EXPECT_EQ(client.right, 300);
+            EXPECT_EQ(client.bottom, 200);
+        }
 }
 
 TEST_F(WindowTest, SecondWindowSharesTheScene) {
