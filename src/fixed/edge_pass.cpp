@@ -19,7 +19,7 @@ constexpr float kThinnestLine = 0.0625f; ///< OpenGL refuses widths of 0 and bel
 constexpr float kFaintestEdge = 0.05f;
 constexpr float kInk = 0.1f;
 constexpr float kHiddenWidth = 0.5f;
-constexpr float kMarkSize = 15.0f; ///< in widths of visible edges
+constexpr float kPointSizePerWidth = 15.0f;
 constexpr GLushort kDashes = 0x0f0f;
 constexpr GLushort kSolid = 0xffff;
 
@@ -37,13 +37,14 @@ EdgeStyle edgeStyle(const SCENE& scene, uint32_t drawFlags, float baseWidth) {
     const float alpha = static_cast<float>(scene.geometry.edgeOpacity) * 0.01f;
     const float faintest = (drawFlags & kDrawFullQuality) != 0 ? 0.0f : kFaintestEdge;
     style.alpha = std::max(alpha, faintest);
+    style.pointSize = kPointSizePerWidth * style.width;
     return style;
 }
 
 int edgeReach(const EdgeStyle& style) {
     // OpenGL cuts points at kPointSizeLimit, but not lines.
     const float widest =
-        std::max(std::min(kMarkSize * style.width, kPointSizeLimit), 2.0f * style.width);
+        std::max(std::min(style.pointSize, kPointSizeLimit), 2.0f * style.width);
     return kUsualReach + static_cast<int>(std::min(widest, 1e4f) / 2.0f);
 }
 
@@ -55,6 +56,7 @@ void EdgePass::draw() const {
         if (renderer.drawFaces == 1)
             drawSilhouettes();
     }
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
     glDisable(GL_BLEND);
     glDepthMask(GL_TRUE);
     glDisable(GL_MULTISAMPLE);
@@ -81,8 +83,12 @@ void EdgePass::drawVisibleEdges() const {
     glLineStipple(1, kSolid);
     glEnable(GL_DEPTH_TEST);
     glLineWidth(style.width);
-    glPointSize(kMarkSize * style.width);
+    glPointSize(style.pointSize);
     setBlending();
+    if (style.constantAlpha) {
+        glBlendFunc(GL_CONSTANT_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+        glBlendColor(1.0f, 1.0f, 1.0f, style.alpha);
+    }
     glColor4f(kInk, kInk, kInk, style.alpha);
     drawEdges();
     glDisable(GL_POLYGON_OFFSET_FILL);

@@ -8,10 +8,14 @@
 
 namespace ogl {
 
-/// How strong a technical drawing's edges are.
+/// How strong edges are.
 struct EdgeStyle {
     float width = 1.0f; ///< pixels
     float alpha = 1.0f;
+    float pointSize = 1.0f; ///< of the marks on their ends, pixels
+    /// Edges weigh in by `alpha` alone and leave of what is below one minus their own alpha;
+    /// otherwise their own alpha counts for both.
+    bool constantAlpha = false;
 };
 
 /// The style that the scene and the drawing flags ask for. Outside full-quality frames edges never

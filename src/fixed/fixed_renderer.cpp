@@ -92,11 +92,10 @@ void FixedRenderer::drawScene() {
     const DebugGroup group("technical drawing");
     clearBackground();
     camera.apply();
-    SurfacePass{*this, batches_.meshes(),
-                [this](const MATERIAL& material, int sharedSlot, int textured) {
-                    setMaterialColor(material, sharedSlot, textured);
-                }}
-        .draw();
+    FixedShading shading(*this, [this](const MATERIAL& material, int sharedSlot, int textured) {
+        setMaterialColor(material, sharedSlot, textured);
+    });
+    SurfacePass{*this, batches_.meshes(), shading}.draw();
     EdgePass{*this, batches_.edges(), batches_.silhouettes(),
              edgeStyle(*scene, drawFlags, lineWidth)}
         .draw();

@@ -21,18 +21,6 @@ Vec3 negatedNormal(const FACE& face) {
             static_cast<float>(-face.normal.z)};
 }
 
-/// Scaled in double precision, in which the host stores it.
-Vec3 negatedUnitNormal(const FACE& face) {
-    const double x = face.normal.x;
-    const double y = face.normal.y;
-    const double z = face.normal.z;
-    const double size = std::sqrt(x * x + y * y + z * z);
-    if (!(size > 0.0) || !std::isfinite(size))
-        return {};
-    return {static_cast<float>(-x / size), static_cast<float>(-y / size),
-            static_cast<float>(-z / size)};
-}
-
 Vec3 finiteOrZero(Vec3 v) {
     return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z) ? v : Vec3{};
 }
@@ -58,6 +46,18 @@ Vec3Array takeArray(Vec3Array& spare, int count) {
 }
 
 } // namespace
+
+/// Scaled in double precision, in which the host stores it.
+Vec3 visibleNormal(const FACE& face) {
+    const double x = face.normal.x;
+    const double y = face.normal.y;
+    const double z = face.normal.z;
+    const double size = std::sqrt(x * x + y * y + z * z);
+    if (!(size > 0.0) || !std::isfinite(size))
+        return {};
+    return {static_cast<float>(-x / size), static_cast<float>(-y / size),
+            static_cast<float>(-z / size)};
+}
 
 Vec3 tangentOf(Vec3 n) {
     Vec3 tangent{n.y, -n.x, 0.0f};
@@ -206,7 +206,7 @@ void MeshBatchBuilder::writeNormals(const FACE& face, const FaceTriangles& trian
                                     Vec3* tangents) const {
     const int count = triangles.triangleCount * kVerticesPerTriangle;
     if (triangles.normals == nullptr) {
-        const Vec3 normal = negatedUnitNormal(face);
+        const Vec3 normal = visibleNormal(face);
         std::fill_n(normals, count, normal);
         std::fill_n(tangents, count, tangentOf(normal));
         return;

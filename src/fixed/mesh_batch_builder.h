@@ -67,6 +67,9 @@ class MeshBatchBuilder {
     std::vector<SpareArrays> spare_;
 };
 
+/// The unit normal of the face's visible side; zero when the host stores none.
+Vec3 visibleNormal(const FACE& face);
+
 /// A unit vector across `normal` (unit length): the tangent that shading uses.
 Vec3 tangentOf(Vec3 normal);
 

@@ -81,24 +81,32 @@ bool refreshPreviewRecord(const SCENE& scene, CACHEENTRY& record, bool force, Bo
 
 void SceneBatches::refreshPreview(Renderer& renderer, VIEW& view) {
     prepareTextures(renderer);
-    refreshPreviewRecord(*renderer.scene, view.preview, false, renderer.sceneBounds);
-    preview_ = true;
+    setPreview(true);
+    if (refreshPreviewRecord(*renderer.scene, view.preview, false, renderer.sceneBounds))
+        ++generation_;
     previewMeshes_.collectPreview(view.preview, materialCount(*renderer.scene));
 }
 
-bool SceneBatches::isBuiltFrom(const SCENE& scene) const {
-    return edgeBatch_ != nullptr && builtScene_ == &scene;
+void SceneBatches::setPreview(bool on) {
+    if (on != preview_)
+        ++generation_;
+    preview_ = on;
+}
+
+bool SceneBatches::isBuiltFrom(const Renderer& renderer) const {
+    return edgeBatch_ != nullptr && builtScene_ == renderer.scene &&
+           silhouettesBuilt_ == (renderer.drawFaces != 0);
 }
 
 bool SceneBatches::refresh(Renderer& renderer, const Box& emptyBounds) {
     const SCENE& scene = *renderer.scene;
     VIEW* view = viewOf(scene);
-    preview_ = false;
     if (view != nullptr && view->previewMode != 0) {
         refreshPreview(renderer, *view);
         return false;
     }
-    bool due = processState().sceneChanged != 0 || !isBuiltFrom(scene);
+    setPreview(false);
+    bool due = processState().sceneChanged != 0 || !isBuiltFrom(renderer);
     due = due || renderer.lastModelStamp != static_cast<int64_t>(modelStamp(scene));
     due = due || twoSided_ != isTwoSided(scene);
     due = due || (view != nullptr && anyObjectChanged(*view, kObjectChanged));
@@ -110,12 +118,12 @@ bool SceneBatches::refresh(Renderer& renderer, const Box& emptyBounds) {
 bool SceneBatches::refreshForBitmap(Renderer& renderer, const Box& emptyBounds) {
     const SCENE& scene = *renderer.scene;
     VIEW* view = viewOf(scene);
-    preview_ = false;
     if (view != nullptr && view->previewMode != 0) {
         refreshPreview(renderer, *view);
         return false;
     }
-    const bool due = processState().sceneChanged != 0 || !isBuiltFrom(scene) ||
+    setPreview(false);
+    const bool due = processState().sceneChanged != 0 || !isBuiltFrom(renderer) ||
                      (view != nullptr && anyObjectChanged(*view, kChangedForBitmap));
     if (due)
         rebuildAll(renderer, emptyBounds);
@@ -155,6 +163,8 @@ void SceneBatches::rebuildAll(Renderer& renderer, const Box& emptyBounds) {
         meshes_.collect(*view, lists.materials.size());
 
     builtScene_ = &scene;
+    silhouettesBuilt_ = renderer.drawFaces != 0;
+    ++generation_;
     twoSided_ = isTwoSided(scene);
     renderer.lastModelStamp = static_cast<int64_t>(modelStamp(scene));
     renderer.objectCount = count;
@@ -165,6 +175,7 @@ void SceneBatches::rebuildMeshesOnly(Renderer& renderer) {
     const SCENE& scene = *renderer.scene;
     VIEW* view = viewOf(scene);
     meshes_.clear();
+    ++generation_;
     if (view == nullptr)
         return;
     const SceneLists lists(scene);

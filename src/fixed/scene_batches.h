@@ -37,6 +37,9 @@ class SceneBatches {
     /// Destroys the edges and silhouettes. The surfaces stay with the host.
     void release();
 
+    /// Differs from an earlier value when meshes() may draw something else than then.
+    int generation() const { return generation_; }
+
     /// Surfaces by material.
     const DrawLists& meshes() const { return preview_ ? previewMeshes_ : meshes_; }
     /// Null when there is nothing to draw.
@@ -44,7 +47,8 @@ class SceneBatches {
     const ColorVertexArray* silhouettes() const;
 
   private:
-    bool isBuiltFrom(const SCENE& scene) const;
+    bool isBuiltFrom(const Renderer& renderer) const;
+    void setPreview(bool on);
     void refreshPreview(Renderer& renderer, VIEW& view);
 
     std::unique_ptr<ColorVertexArray> edgeBatch_;
@@ -52,6 +56,8 @@ class SceneBatches {
     DrawLists meshes_;
     DrawLists previewMeshes_;
     const SCENE* builtScene_ = nullptr; ///< only compared, never read
+    bool silhouettesBuilt_ = false;     ///< or all outlines are among the edges
+    int generation_ = 0;
     bool twoSided_ = false;             ///< kGeometryTwoSided at the last build
     bool preview_ = false;              ///< the preview record is drawn instead of the scene
 };

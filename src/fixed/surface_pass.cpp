@@ -12,9 +12,6 @@ namespace ogl {
 
 namespace {
 
-/// Maps that the fixed-function pipeline can show: colour (2) and opacity (16).
-constexpr unsigned kColorAndOpacityMaps = 18;
-constexpr int kAlphaMapUnit = 1;
 constexpr int kLastUnit = 5;
 
 } // namespace
@@ -30,7 +27,7 @@ bool isSkipped(const MATERIAL& material) {
            ((material.flags & kMaterialOnlyTextured) != 0 && material.textureIndex == -1);
 }
 
-void SurfacePass::draw() {
+void SurfacePass::draw() const {
     const DebugGroup group("surfaces");
     const SceneLists lists(*renderer.scene);
     setState();
@@ -43,8 +40,10 @@ void SurfacePass::draw() {
 void SurfacePass::setState() const {
     glDisable(GL_TEXTURE_2D);
     glDisable(GL_TEXTURE_RECTANGLE);
-    glDisable(GL_COLOR_MATERIAL);
-    glDisable(GL_LIGHTING);
+    if (!lit) {
+        glDisable(GL_COLOR_MATERIAL);
+        glDisable(GL_LIGHTING);
+    }
     glShadeModel(GL_SMOOTH);
     glDisable(GL_BLEND);
     glEnable(GL_MULTISAMPLE);
@@ -63,7 +62,7 @@ void SurfacePass::setState() const {
     unbindAllArrays();
 }
 
-void SurfacePass::drawLayer(SurfaceLayer layer, const SceneLists& lists) {
+void SurfacePass::drawLayer(SurfaceLayer layer, const SceneLists& lists) const {
     for (int m = 0; m < lists.materials.size(); ++m)
         if (!isSkipped(lists.materials[m]) && showsAny(m, lists))
             drawMaterial(m, layer, lists);
@@ -79,29 +78,21 @@ bool SurfacePass::showsAny(int material, const SceneLists& lists) const {
     });
 }
 
-void SurfacePass::drawMaterial(int material, SurfaceLayer layer, const SceneLists& lists) {
+void SurfacePass::drawMaterial(int material, SurfaceLayer layer, const SceneLists& lists) const {
     const MATERIAL& record = lists.materials[material];
-    int textured = 0;
-    int sharedSlot = 0;
-    int alphaMap = 0;
-    renderer.bindMaterialTextures(record, textured, sharedSlot, alphaMap,
-                                  renderer.textureMode != kTexturesNone ? kColorAndOpacityMaps : 0);
-    if (surfaceLayer(record, sharedSlot != 0, alphaMap != 0) != layer)
+    const BoundMaterial bound = shading.bindTextures(record);
+    if (surfaceLayer(record, bound.sharedSlot, bound.alphaMap) != layer)
         return;
-    setCapability(GL_CULL_FACE, alphaMap == 0); // what is cut out is seen from both sides
-    setColor(record, sharedSlot, textured);
+    setCapability(GL_CULL_FACE, !bound.alphaMap); // what is cut out is seen from both sides
+    shading.setColor(record, bound);
     const VIEW* view = viewOf(*renderer.scene);
     for (const MeshDraw& draw : meshes.of(material)) {
         const bool leftOut =
             layer == SurfaceLayer::Opaque && (draw.batch->flags & kBatchTranslucent) != 0;
-        if (leftOut || !isStillDrawn(draw, lists, view))
-            continue;
-        if (alphaMap != 0)
-            draw.batch->bindTexCoords(kAlphaMapUnit);
-        draw.batch->drawWithin(renderer.tileVolume, kDrawPositions, draw.batch->primitiveMode);
+        if (!leftOut && isStillDrawn(draw, lists, view))
+            shading.draw(*draw.batch, bound);
     }
-    if (alphaMap != 0)
-        MeshVertexArray::unbindTexCoords(kAlphaMapUnit);
+    shading.finish(bound);
 }
 
 void SurfacePass::restoreState() const {

@@ -3,9 +3,8 @@
 #pragma once
 
 #include "fixed/draw_lists.h"
+#include "fixed/surface_shading.h"
 #include "render/renderer.h"
-
-#include <functional>
 
 namespace ogl {
 
@@ -21,18 +20,18 @@ bool isSkipped(const MATERIAL& material);
 /// Draws the surfaces: the opaque ones, then the translucent ones without writing depth, one
 /// draw call per object and material.
 struct SurfacePass {
-    Renderer& renderer;
+    const Renderer& renderer;
     const DrawLists& meshes;
-    /// Sets GL's colour for a material: material, sharedSlot, textured.
-    std::function<void(const MATERIAL&, int, int)> setColor;
+    SurfaceShading& shading;
+    bool lit = false; ///< fixed-function lighting stays as the caller has set it up
 
-    void draw();
+    void draw() const;
 
   private:
     void setState() const;
-    void drawLayer(SurfaceLayer layer, const SceneLists& lists);
+    void drawLayer(SurfaceLayer layer, const SceneLists& lists) const;
     bool showsAny(int material, const SceneLists& lists) const;
-    void drawMaterial(int material, SurfaceLayer layer, const SceneLists& lists);
+    void drawMaterial(int material, SurfaceLayer layer, const SceneLists& lists) const;
     void restoreState() const;
 };
 

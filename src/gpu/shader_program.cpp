@@ -47,6 +47,12 @@ int ShaderProgram::build(const std::string& programName, int programVariant,
     return vertexLog + fragmentLog;
 }
 
+bool ShaderProgram::isLinked() const {
+    GLint linked = 0;
+    glGetProgramiv(program_.name(), GL_LINK_STATUS, &linked);
+    return linked != 0;
+}
+
 void ShaderProgram::use() const {
     glEnable(GL_VERTEX_PROGRAM_ARB);
     glEnable(GL_FRAGMENT_PROGRAM_ARB);

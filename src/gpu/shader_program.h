@@ -24,6 +24,9 @@ class ShaderProgram {
     int build(const std::string& programName, int programVariant, const std::string& vertexSource,
               const std::string& fragmentSource, std::span<char> log);
 
+    /// False when build() failed: GL then refuses every draw with the program.
+    bool isLinked() const;
+
     /// Makes GL draw with this program.
     void use() const;
     /// Makes GL draw without a program.

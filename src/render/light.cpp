@@ -13,6 +13,17 @@ std::unique_ptr<Camera> lightCamera(std::unique_ptr<Camera> camera) {
     return camera;
 }
 
+bool isSame(Vec3 a, Vec3 b) {
+    return a.x == b.x && a.y == b.y && a.z == b.z;
+}
+
+/// Along the z axis +z gives a camera no orientation.
+Vec3 sunUpVector(Vec3 direction) {
+    constexpr float kCosine5Degrees = 0.99619470f;
+    return std::fabs(direction.z) > kCosine5Degrees ? Vec3{0.0f, 1.0f, 0.0f}
+                                                    : Vec3{0.0f, 0.0f, 1.0f};
+}
+
 void bindDepthTexture(int unit, unsigned texture) {
     glActiveTexture(static_cast<unsigned>(GL_TEXTURE0 + unit));
     glEnable(GL_TEXTURE_2D);
@@ -69,8 +80,14 @@ SunLight::SunLight(const Box& bounds, Vec3 direction, Vec3 lightColor)
 
 void SunLight::aim(const Box& bounds, Vec3 direction) {
     direction_ = direction;
+    camera->up = sunUpVector(direction);
     camera->setBounds(bounds);
     camera->setDirection(direction);
+}
+
+bool SunLight::isAimed(const Box& bounds, Vec3 direction) const {
+    return isSame(direction_, direction) && isSame(camera->bounds.min, bounds.min) &&
+           isSame(camera->bounds.max, bounds.max);
 }
 
 SpotLight::SpotLight() : ShadowLight(LightKind::Spot, std::make_unique<PerspectiveCamera>()) {}

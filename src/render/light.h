@@ -49,8 +49,11 @@ class SunLight : public ShadowLight {
     /// Shines along `direction` (unit length) on everything in `bounds`.
     SunLight(const Box& bounds, Vec3 direction, Vec3 lightColor);
 
-    /// Re-aims the light and its camera.
+    /// Re-aims the light and its camera, whose up vector is +z, or +y when the light comes within
+    /// 5 degrees of the z axis.
     void aim(const Box& bounds, Vec3 direction);
+    /// True when aim() with these would change nothing.
+    bool isAimed(const Box& bounds, Vec3 direction) const;
 
     Vec3 direction() const override { return direction_; }
     Vec3 position() const override { return camera->position; }

@@ -1,0 +1,90 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#include "fixed/plan_view.h"
+
+#include "gpu/tile_renderer.h"
+#include "render/bitmap_target.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace ogl {
+
+namespace {
+
+constexpr double kNear = 0.1;
+
+void applyProjection(const PlanView& view, const BitmapTarget& target) {
+    glViewport(0, 0, target.width, target.height);
+    glMatrixMode(GL_PROJECTION);
+    glLoadIdentity();
+    // glOrtho refuses a volume without extent.
+    if (view.left != view.right && view.bottom != view.top && view.near != view.far)
+        glOrtho(view.left, view.right, view.bottom, view.top, view.near, view.far);
+}
+
+/// Clears and draws with the projection that is set.
+void drawPlan(Renderer& renderer, const PlanView& view, const std::function<void()>& drawMeshes) {
+    renderer.clearBackground();
+    glMatrixMode(GL_MODELVIEW);
+    glLoadIdentity();
+    gluLookAt(0.0, 0.0, view.eyeHeight, 0.0, 0.0, view.middle, 0.0, 1.0, 0.0);
+    drawMeshes();
+}
+
+/// Tiles without borders: no pass of a plan reads its neighbours.
+void drawInTiles(Renderer& renderer, const BitmapTarget& target, const PlanView& view,
+                 const std::function<void()>& drawMeshes) {
+    if (renderer.width < 1 || renderer.height < 1)
+        return;
+    TileRenderer tiles;
+    tiles.setTileSize(renderer.width, renderer.height, 0);
+    tiles.setImageSize(target.width, target.height);
+    tiles.setImageBuffer(target.bitsPerPixel == 24 ? GL_BGR : GL_BGRA, GL_UNSIGNED_BYTE,
+                         target.pixels);
+    tiles.setOrtho({view.left, view.right, view.bottom, view.top, view.near, view.far});
+    glPixelStorei(GL_PACK_ALIGNMENT, 4);
+    do {
+        tiles.beginTile();
+        drawPlan(renderer, view, drawMeshes);
+    } while (tiles.endTile());
+}
+
+} // namespace
+
+Box planBox(const SCENE& scene, Box bounds) {
+    const double unit = 1.0 / (scene.geometry.unitScale * 1000.0);
+    bounds.min.x = std::min(bounds.min.x, 0.0f);
+    bounds.min.y = std::min(bounds.min.y, 0.0f);
+    bounds.min.z = std::min(bounds.min.z, 0.0f);
+    if (std::isfinite(unit)) {
+        bounds.max.x = std::max(bounds.max.x, static_cast<float>(scene.siteWidth * unit));
+        bounds.max.y = std::max(bounds.max.y, static_cast<float>(scene.siteDepth * unit));
+    }
+    return bounds;
+}
+
+PlanView planView(const Box& box) {
+    const auto diagonal = static_cast<double>(box.diagonal());
+    const Vec3 center = box.center();
+    const double distance =
+        std::hypot(static_cast<double>(center.x), static_cast<double>(center.y), diagonal);
+    return {box.min.x, box.max.x,           box.min.y,           box.max.y,
+            kNear,     distance + diagonal, diagonal + center.z, center.z};
+}
+
+void drawPlanToBitmap(Renderer& renderer, HBITMAP bitmap, const std::function<void()>& drawMeshes) {
+    const BitmapTarget target = bitmapTarget(bitmap);
+    if (!target.isValid())
+        return;
+    const PlanView view = planView(planBox(*renderer.scene, renderer.sceneBounds));
+    if (target.width == renderer.width && target.height == renderer.height) {
+        applyProjection(view, target);
+        drawPlan(renderer, view, drawMeshes);
+        readFrame(target, target.width, target.height);
+        return;
+    }
+    drawInTiles(renderer, target, view, drawMeshes);
+}
+
+} // namespace ogl

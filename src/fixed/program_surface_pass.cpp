@@ -1,0 +1,89 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#include "fixed/program_surface_pass.h"
+
+#include "fixed/program_material.h"
+#include "fixed/surface_pass.h"
+#include "gpu/gl_debug.h"
+#include "gpu/texture.h"
+#include "render/program_sources.h"
+#include "render/render_context.h"
+
+namespace ogl {
+
+namespace {
+
+constexpr unsigned kMaps = kDiffuseMap | kNormalMap | kOpacityMap;
+constexpr float kAmbientScale = 4.0f;
+constexpr float kShadowBlur = 0.001953125f; ///< 4 texels of the shadow map
+constexpr int kShadowUnit = 4;
+constexpr int kJitterUnit = 5;
+
+void setLinearFilter() {
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
+}
+
+/// Colours outside 0 .. 1 reach the programs: tangents travel as colours.
+void turnColorClampingOff() {
+    if (glClampColor == nullptr)
+        return;
+    glClampColor(GL_CLAMP_VERTEX_COLOR, GL_FALSE);
+    glClampColor(GL_CLAMP_FRAGMENT_COLOR, GL_FALSE);
+}
+
+} // namespace
+
+void ProgramSurfacePass::draw() const {
+    const DebugGroup group("lit surfaces");
+    for (int unit = kJitterUnit; unit >= 0; --unit)
+        resetTextureUnit(unit);
+    turnColorClampingOff();
+    program.use();
+    setLight();
+    ProgramShading shading(renderer, program, kMaps);
+    SurfacePass{renderer, meshes, shading}.draw();
+    restoreState();
+}
+
+void ProgramSurfacePass::setLight() const {
+    const Vec3 color = sun != nullptr ? sun->color : Vec3{};
+    const Vec3 toLight = sun != nullptr ? -sun->direction() : Vec3{};
+    program.setVec3("lightIntensity", color.x, color.y, color.z);
+    program.setVec3("lightDir", toLight.x, toLight.y, toLight.z);
+    program.setFloat("ambientFactor", renderer.scene->geometry.lightAmbient * kAmbientScale);
+    program.setInt("drawMono", renderer.colorMode == kColorsGrey ? 1 : 0);
+    if (program.variant() == kObjShaderShadow && sun != nullptr)
+        setShadowMap();
+}
+
+void ProgramSurfacePass::setShadowMap() const {
+    float x[kShadowSampleCount];
+    float y[kShadowSampleCount];
+    for (size_t i = 0; i < kShadowSampleCount; ++i) {
+        x[i] = (shadowSamples[i][0] - 0.5f) * kShadowBlur;
+        y[i] = (shadowSamples[i][1] - 0.5f) * kShadowBlur;
+    }
+    program.setMat4("shadowSamplesX", x);
+    program.setMat4("shadowSamplesY", y);
+    program.setFloat("shadowBlurFactor", kShadowBlur);
+    program.setInt("shadowMap", kShadowUnit);
+    program.setInt("jitterMap", kJitterUnit);
+    bindTexture(kJitterUnit, TextureKind::Repeating, jitterTexture.name(), GL_NEAREST, 1.0f);
+    sun->bindShadowMap(kShadowUnit);
+    if (renderer.vendor == kVendorNvidia)
+        setLinearFilter();
+    glActiveTexture(GL_TEXTURE0);
+}
+
+void ProgramSurfacePass::restoreState() const {
+    ShaderProgram::useNone();
+    glActiveTexture(GL_TEXTURE0 + kShadowUnit);
+    glMatrixMode(GL_TEXTURE);
+    glLoadIdentity();
+    glMatrixMode(GL_MODELVIEW);
+    for (int unit = kJitterUnit; unit >= 0; --unit)
+        resetTextureUnit(unit);
+}
+
+} // namespace ogl

@@ -1,0 +1,247 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#include "fixed/shadow_renderer.h"
+
+#include "fixed/background_texture.h"
+#include "fixed/bitmap_frame.h"
+#include "fixed/edge_pass.h"
+#include "fixed/file_frame.h"
+#include "fixed/jitter_texture.h"
+#include "fixed/mark_texture.h"
+#include "fixed/material_color.h"
+#include "fixed/plan_view.h"
+#include "fixed/portal_sky.h"
+#include "fixed/shadow_map_pass.h"
+#include "fixed/sun_lighting.h"
+#include "fixed/surface_pass.h"
+#include "gpu/context_scope.h"
+#include "gpu/gl_debug.h"
+#include "render/render_context.h"
+
+namespace ogl {
+
+namespace {
+
+constexpr float kBaseLineWidth = 0.6f;
+constexpr float kByteScale = 0.003921569f;
+constexpr float kMarkSizePerWidth = 50.0f;
+constexpr float kSunIntensity = 4.0f; ///< of the programs' sun, in the host's light colours
+
+} // namespace
+
+ShadowRenderer::ShadowRenderer(RenderContext& creator) : Renderer(creator) {
+    kind = kShadowRenderer;
+    lineWidth = kBaseLineWidth;
+}
+
+ShadowRenderer::~ShadowRenderer() = default;
+
+int ShadowRenderer::clearBackground() {
+    const uint32_t color = scene != nullptr ? scene->geometry.backgroundColor : 0;
+    for (unsigned i = 0; i < 3; ++i)
+        clearColor[i] = static_cast<float>(color >> 8 * i & 0xffu) * kByteScale;
+    clearTo(clearColor[0], clearColor[1], clearColor[2]);
+    return 1;
+}
+
+int ShadowRenderer::createResources() {
+    if (!backgroundTexture.exists())
+        backgroundTexture = createBackgroundTexture(settings->texturesDir);
+    if (quadric == nullptr)
+        quadric = createSkyQuadric();
+    if (!markTexture.exists())
+        markTexture = createMarkTexture();
+    if (!jitterTexture_.exists())
+        jitterTexture_ = createJitterTexture();
+    for (unsigned k = 0; k < kShadowSampleCount; ++k)
+        shadowSamples_[k] = hammersley(k);
+    initProgramSources(programSources_);
+    buildObjectProgram((drawFlags & kDrawShadows) != 0 ? kObjShaderShadow : kObjShader);
+    if (shadowTarget_ == nullptr) {
+        shadowTarget_ = std::make_unique<RenderTarget>(&targetBlocks[0]);
+        shadowTarget_->create(shadowTargetLayout());
+    }
+    batches_.release();
+    return 0;
+}
+
+void ShadowRenderer::releaseResources() {
+    objectProgram_.reset();
+    shadowTarget_.reset();
+    batches_.release();
+    jitterTexture_.reset();
+    sunLight_.reset();
+    portals_.clear();
+}
+
+bool ShadowRenderer::buildObjectProgram(ProgramIndex variant) {
+    if (objectProgram_ != nullptr && objectProgram_->variant() == variant)
+        return false;
+    objectProgram_ = buildProgram(programSources_, variant, *errorLog);
+    if (!objectProgram_->isLinked())
+        objectProgram_.reset();
+    if (variant == kObjShaderShadow)
+        shadowsDirty_ = true;
+    return true;
+}
+
+void ShadowRenderer::updateSunLight() {
+    const std::optional<SceneSun> sun = sunOf(*scene);
+    if (!sun || sceneBounds.min.x > sceneBounds.max.x) {
+        sunLight_.reset();
+        return;
+    }
+    if (sunLight_ == nullptr)
+        sunLight_ = std::make_unique<SunLight>(sceneBounds, sun->direction, Vec3{});
+    // A map drawn from elsewhere shows other shadows.
+    shadowsDirty_ = shadowsDirty_ || !sunLight_->isAimed(sceneBounds, sun->direction);
+    sunLight_->aim(sceneBounds, sun->direction);
+    sunLight_->color = sun->color * kSunIntensity;
+}
+
+void ShadowRenderer::updateShadows() {
+    if (sunLight_ == nullptr || !(shadowsDirty_ || !sunLight_->shadowTexture.exists()))
+        return;
+    renderShadowMap(*sunLight_);
+    shadowsDirty_ = false;
+}
+
+void ShadowRenderer::renderShadowMap(ShadowLight& light) {
+    // Framebuffers belong to one context, textures to all of the view.
+    const ContextScope scope(context->primary.dc, context->primary.glContext);
+    const bool interior = kind == kDeferredRenderer && light.kind == LightKind::Sun &&
+                          (scene->lightFlags & kLightInterior) != 0;
+    FixedShading shading = fixedShading();
+    ShadowMapPass{*this, batches_.meshes(), shading, *shadowTarget_, interior, portals_}.draw(
+        light);
+}
+
+void ShadowRenderer::buildPortals() {
+    portals_ = findPortals(*scene);
+}
+
+FixedShading ShadowRenderer::fixedShading() {
+    return {*this, [this](const MATERIAL& material, int sharedSlot, int textured) {
+                setMaterialColor(material, sharedSlot, textured);
+            }};
+}
+
+void ShadowRenderer::setMaterialColor(const MATERIAL& material, int sharedSlot, int textured) {
+    const Vec4 color =
+        materialColor(material, textureMode, colorMode, sharedSlot != 0, textured != 0);
+    glColor4f(color.x, color.y, color.z, color.w);
+}
+
+/// Collects what makes the shadow map out of date.
+void ShadowRenderer::noticeChanges() {
+    const bool marked = (scene->geometry.flags & kGeometryShadowsChanged) != 0;
+    if (marked)
+        scene->geometry.flags = scene->geometry.flags & ~kGeometryShadowsChanged;
+    shadowsDirty_ = shadowsDirty_ || marked || sizeChanged != 0 ||
+                    builtGeneration_ != batches_.generation();
+    builtGeneration_ = batches_.generation();
+}
+
+void ShadowRenderer::prepareProgram(bool shadows) {
+    updateSunLight();
+    if (objectProgram_ == nullptr)
+        return;
+    const bool mapped = shadows && sunLight_ != nullptr;
+    buildObjectProgram(mapped ? kObjShaderShadow : kObjShader);
+    if (mapped)
+        updateShadows();
+}
+
+int ShadowRenderer::drawToWindow(const GLSurface&) {
+    if (scene == nullptr)
+        return 1;
+    deleteReleasedObjects();
+    if (batches_.refresh(*this, Box{}))
+        buildPortals();
+    noticeChanges();
+    if (objectCount == 0)
+        return 1;
+    prepareProgram((drawFlags & kDrawShadows) != 0);
+    drawFrame();
+    drawFlags &= ~kDrawOnce;
+    return 1;
+}
+
+int ShadowRenderer::drawToBitmap(HBITMAP bitmap) {
+    if (scene == nullptr)
+        return 1;
+    deleteReleasedObjects();
+    batches_.refreshForBitmap(*this, Box{});
+    if ((scene->geometry.flags & kGeometryPlanView) != 0) {
+        prepareProgram(false);
+        drawPlan(bitmap);
+        return 1;
+    }
+    noticeChanges();
+    prepareProgram((drawFlags & kDrawShadows) != 0);
+    drawFrameToBitmap(*this, bitmap, [this] { drawFrame(); });
+    return 1;
+}
+
+int ShadowRenderer::drawToFile(const char* fileName) {
+    if (scene == nullptr || fileName == nullptr)
+        return 1;
+    deleteReleasedObjects();
+    batches_.rebuildAll(*this, Box{});
+    noticeChanges();
+    glClearColor(1.0f, 0.0f, 0.0f, 1.0f);
+    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    updateSunLight();
+    clearBackground();
+    camera.apply();
+    drawSky();
+    drawMeshes(Lighting::Fixed);
+    if (!writeFrame(width, height, fileName))
+        errorLog->write("Error", "Cannot write the file", fileName);
+    return 1;
+}
+
+void ShadowRenderer::drawFrame() {
+    const DebugGroup group("shadowed frame");
+    clearBackground();
+    camera.apply();
+    drawSky();
+    drawMeshes(Lighting::Program);
+}
+
+void ShadowRenderer::drawSky() {
+    if (backgroundTexture.exists())
+        drawSkyThroughPortals(portals_, backgroundTexture.name(), quadric);
+}
+
+void ShadowRenderer::drawMeshes(Lighting lighting) {
+    if (lighting == Lighting::Program && objectProgram_ != nullptr)
+        ProgramSurfacePass{*this,          batches_.meshes(), *objectProgram_, sunLight_.get(),
+                           jitterTexture_, shadowSamples_}
+            .draw();
+    else
+        drawFixedSurfaces(lighting == Lighting::Fixed);
+    drawEdges();
+}
+
+void ShadowRenderer::drawFixedSurfaces(bool lit) {
+    if (lit)
+        turnSunLightingOn(sunOf(*scene));
+    FixedShading shading = fixedShading();
+    SurfacePass{*this, batches_.meshes(), shading, lit}.draw();
+    turnSunLightingOff();
+}
+
+void ShadowRenderer::drawEdges() const {
+    EdgeStyle style = edgeStyle(*scene, drawFlags, lineWidth);
+    style.pointSize = kMarkSizePerWidth * style.width + 1.0f;
+    style.constantAlpha = true;
+    EdgePass{*this, batches_.edges(), batches_.silhouettes(), style}.draw();
+}
+
+void ShadowRenderer::drawPlan(HBITMAP bitmap) {
+    const DebugGroup group("plan");
+    drawPlanToBitmap(*this, bitmap, [this] { drawMeshes(Lighting::Program); });
+}
+
+} // namespace ogl

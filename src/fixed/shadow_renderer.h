@@ -1,0 +1,84 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "fixed/portals.h"
+#include "fixed/program_surface_pass.h"
+#include "fixed/scene_batches.h"
+#include "gpu/render_target.h"
+#include "gpu/shader_program.h"
+#include "render/light.h"
+#include "render/program_sources.h"
+#include "render/renderer.h"
+
+#include <memory>
+#include <vector>
+
+namespace ogl {
+
+/// Forward renderer: surfaces lit by the sun of the scene's light list, with a shadow map when the
+/// drawing flags ask for shadows; the background image through window openings; edges over them.
+/// Files are drawn without programs, with OpenGL's own lighting.
+class ShadowRenderer : public Renderer {
+  public:
+    explicit ShadowRenderer(RenderContext& creator);
+    ~ShadowRenderer() override;
+
+    /// The scene's background colour, never grey.
+    int clearBackground() override;
+    int createResources() override;
+    void releaseResources() override;
+    int drawToWindow(const GLSurface& surface) override;
+    /// In tiles when the bitmap has another size than the view. Draws a plan from above, without
+    /// shadows and sky, when the scene's plan view is on. Portals stay those of the last window
+    /// frame.
+    int drawToBitmap(HBITMAP bitmap) override;
+    /// Writes a Windows bitmap of the view's size whose first stored row is the frame's top row.
+    /// A path that cannot be written leaves no file and an entry in the log. Returns 1.
+    int drawToFile(const char* fileName) override;
+    /// Sets GL's current colour for surfaces of the material.
+    virtual void setMaterialColor(const MATERIAL& material, int sharedSlot, int textured);
+
+  protected:
+    /// Makes the object program in the variant kObjShader or kObjShaderShadow unless it is there;
+    /// true when it was made. A program that does not link is none.
+    bool buildObjectProgram(ProgramIndex variant);
+    /// Aims the sun as the scene's first light says. Without such a light there is no sun.
+    void updateSunLight();
+    /// Draws the sun's shadow map if it is due.
+    void updateShadows();
+    /// Draws the shadow map of any light.
+    void renderShadowMap(ShadowLight& light);
+    void buildPortals();
+    /// The background image through the portals, when there is one.
+    void drawSky();
+    FixedShading fixedShading();
+
+    SceneBatches batches_;
+    std::unique_ptr<RenderTarget> shadowTarget_;
+    std::unique_ptr<SunLight> sunLight_;
+    std::unique_ptr<ShaderProgram> objectProgram_;
+    GLTexture jitterTexture_;
+    ShadowSamples shadowSamples_{};
+    ProgramSourceTable programSources_{};
+    std::vector<PortalRecord> portals_;
+    bool shadowsDirty_ = false;
+
+  private:
+    enum class Lighting {
+        Program, ///< the object program, or none when it is missing
+        Fixed    ///< OpenGL's own
+    };
+
+    void noticeChanges();
+    void prepareProgram(bool shadows);
+    void drawFrame();
+    void drawMeshes(Lighting lighting);
+    void drawFixedSurfaces(bool lit);
+    void drawEdges() const;
+    void drawPlan(HBITMAP bitmap);
+
+    int builtGeneration_ = 0; ///< of the batches that the shadow map shows
+};
+
+} // namespace ogl
