@@ -9,6 +9,7 @@
 #include "scene/record_views.h"
 
 #include <algorithm>
+#include <string>
 
 namespace ogl {
 
@@ -133,6 +134,26 @@ void drawInDibSection(RenderContext& context, SCENE& scene, uint32_t drawFlags, 
         renderer->drawToBitmap(dib);
     }
     wglMakeCurrent(nullptr, nullptr);
+}
+
+void drawInFile(RenderContext& context, SCENE& scene, uint32_t drawFlags, int width, int height,
+                const char* fileName) {
+    Renderer* renderer = selectFileRenderer(context, scene, drawFlags);
+    if (renderer == nullptr)
+        return;
+    const ViewLimit limit = largestView();
+    if (width < 1 || height < 1 || width > limit.width || height > limit.height) {
+        context.errorLog.write("Error", "No picture of this size",
+                               std::to_string(width) + " x " + std::to_string(height));
+        return;
+    }
+    if (context.window == ownWindow())
+        resizeOwnWindow(width, height);
+    renderer->setSize(width, height);
+    renderer->setupCamera(scene);
+    glReadBuffer(GL_BACK);
+    glDrawBuffer(GL_BACK);
+    renderer->drawToFile(fileName);
 }
 
 } // namespace ogl

@@ -25,4 +25,11 @@ void drawInWindow(RenderContext& context, SCENE& scene, uint32_t drawFlags,
 /// bitmap's size, unless that is very large. Leaves no context current.
 void drawInDibSection(RenderContext& context, SCENE& scene, uint32_t drawFlags, HBITMAP dib);
 
+/// One frame into a Windows bitmap file. With a view on the library's own window that window takes
+/// the file's size; with a host's window the part of the frame that lies in it is defined. A size
+/// without pixels, or beyond what the driver draws at once, makes no file and an entry in the log.
+/// Leaves the primary context current.
+void drawInFile(RenderContext& context, SCENE& scene, uint32_t drawFlags, int width, int height,
+                const char* fileName);
+
 } // namespace ogl

@@ -45,10 +45,11 @@ int OGL_CALL d3_DrawInDibSection(RenderContext* ctx, SCENE* scene, unsigned draw
     });
 }
 
-int OGL_CALL d3_DrawInFile(RenderContext* ctx, SCENE*, unsigned, int, int, const char*) {
+int OGL_CALL d3_DrawInFile(RenderContext* ctx, SCENE* scene, unsigned drawFlags, int width,
+                           int height, const char* fileName) {
     return guarded(1, [&] {
-        if (ctx != nullptr)
-            ctx->errorLog.writeOnce("Error", "No renderer for files", "");
+        if (ctx != nullptr && scene != nullptr && fileName != nullptr)
+            drawInFile(*ctx, *scene, drawFlags, width, height, fileName);
         return 1;
     });
 }

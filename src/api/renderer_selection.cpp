@@ -4,6 +4,7 @@
 
 #include "fixed/edge_renderer.h"
 #include "fixed/fixed_renderer.h"
+#include "fixed/shadow_renderer.h"
 #include "platform/win32.h"
 #include "render/process_state.h"
 #include "render/render_context.h"
@@ -39,6 +40,8 @@ bool drawsMode(const Renderer& renderer, int mode) {
 /// A new renderer for the mode; null when the library has none for it, or no memory.
 std::unique_ptr<Renderer> makeRenderer(RenderContext& context, int mode) {
     try {
+        if (mode == kRenderModeShadow)
+            return std::make_unique<ShadowRenderer>(context);
         if (mode == kRenderModeDrawing)
             return std::make_unique<FixedRenderer>(context);
         if (mode == kRenderModeEdges)
@@ -48,6 +51,25 @@ std::unique_ptr<Renderer> makeRenderer(RenderContext& context, int mode) {
     }
     context.errorLog.writeOnce("Error", "No renderer for mode " + std::to_string(mode), "");
     return nullptr;
+}
+
+/// The per-call fields that modes 7 and 8 share.
+void setPhotoFields(Renderer& renderer, const SCENE& scene, uint32_t drawFlags) {
+    const uint32_t options = scene.photoOptions;
+    renderer.drawFaces = 1;
+    renderer.edgeMode = (options & kOptionHiddenEdges) != 0 ? kEdgesHiddenToo : kEdgesVisible;
+    renderer.singleColorEdges = (options & kOptionSingleColorEdges) != 0;
+    renderer.roundEdgeEnds = (options & kOptionRoundEdgeEnds) != 0;
+    renderer.colorMode = kColorsOfMaterials;
+    renderer.textureMode = kTexturesSharedOnly;
+    if ((drawFlags & kDrawFullQuality) == 0) {
+        renderer.colorMode = kColorsWhite;
+        return;
+    }
+    if ((drawFlags & kDrawGrey) != 0)
+        renderer.colorMode = kColorsGrey;
+    if ((drawFlags & kDrawInlineTextures) != 0)
+        renderer.textureMode = kTexturesAll;
 }
 
 void setDrawingFields(Renderer& renderer, const SCENE& scene) {
@@ -67,6 +89,44 @@ void setEdgeFields(Renderer& renderer) {
     renderer.roundEdgeEnds = 0;
 }
 
+void setFileFields(Renderer& renderer) {
+    renderer.edgeMode = kEdgesNone;
+    renderer.drawFaces = 0;
+    renderer.colorMode = kColorsOfMaterials;
+    renderer.useLighting = 1;
+    renderer.textureMode = kTexturesAll;
+}
+
+/// Puts a renderer for the mode in the place of the process's one, whose context is current. Null,
+/// with no renderer left, when none can be made.
+Renderer* replaceRenderer(RenderContext& context, SCENE& scene, uint32_t drawFlags, int mode) {
+    ProcessState& state = processState();
+    if (state.currentRenderer != nullptr) {
+        destroyCurrentRenderer();
+        state.sceneChanged = 1;
+    }
+    std::unique_ptr<Renderer> made = makeRenderer(context, mode);
+    if (made == nullptr)
+        return nullptr;
+    made->scene = &scene;
+    made->drawFlags = drawFlags;
+    made->resetGLState();
+    made->createResources();
+    context.primary.stateReset = true;
+    state.currentRenderer = made.release();
+    return state.currentRenderer;
+}
+
+/// Sets what every drawing call sets. Another view's renderer may meet this one's context.
+void prepare(Renderer& renderer, RenderContext& context, SCENE& scene, uint32_t drawFlags) {
+    if (!context.primary.stateReset) {
+        renderer.resetGLState();
+        context.primary.stateReset = true;
+    }
+    renderer.scene = &scene;
+    renderer.drawFlags = drawFlags;
+}
+
 } // namespace
 
 void destroyCurrentRenderer() {
@@ -81,32 +141,38 @@ Renderer* selectRenderer(RenderContext& context, SCENE& scene, uint32_t drawFlag
     if (!selectsRenderer(mode))
         return state.currentRenderer;
 
-    if (state.currentRenderer == nullptr || !drawsMode(*state.currentRenderer, mode)) {
-        if (state.currentRenderer != nullptr) {
-            destroyCurrentRenderer();
-            state.sceneChanged = 1;
-        }
-        std::unique_ptr<Renderer> made = makeRenderer(context, mode);
-        if (made == nullptr)
-            return nullptr;
-        made->resetGLState();
-        made->createResources();
-        context.primary.stateReset = true;
-        state.currentRenderer = made.release();
+    const bool keeps = state.currentRenderer != nullptr && drawsMode(*state.currentRenderer, mode);
+    Renderer* selected =
+        keeps ? state.currentRenderer : replaceRenderer(context, scene, drawFlags, mode);
+    if (selected == nullptr)
+        return nullptr;
+    prepare(*selected, context, scene, drawFlags);
+    switch (mode) {
+    case kRenderModeShadow:
+        setPhotoFields(*selected, scene, drawFlags);
+        selected->useLighting = 1;
+        break;
+    case kRenderModeDrawing:
+        setDrawingFields(*selected, scene);
+        break;
+    default:
+        setEdgeFields(*selected);
+        break;
     }
+    return selected;
+}
 
-    Renderer& renderer = *state.currentRenderer;
-    if (!context.primary.stateReset) { // another view's renderer meets this one's context
-        renderer.resetGLState();
-        context.primary.stateReset = true;
-    }
-    renderer.scene = &scene;
-    renderer.drawFlags = drawFlags;
-    if (mode == kRenderModeDrawing)
-        setDrawingFields(renderer, scene);
-    else
-        setEdgeFields(renderer);
-    return &renderer;
+Renderer* selectFileRenderer(RenderContext& context, SCENE& scene, uint32_t drawFlags) {
+    wglMakeCurrent(context.primary.dc, context.primary.glContext);
+    Renderer* current = processState().currentRenderer;
+    const bool keeps = current != nullptr && current->kind == kShadowRenderer;
+    Renderer* selected =
+        keeps ? current : replaceRenderer(context, scene, drawFlags, kRenderModeShadow);
+    if (selected == nullptr)
+        return nullptr;
+    prepare(*selected, context, scene, drawFlags);
+    setFileFields(*selected);
+    return selected;
 }
 
 } // namespace ogl

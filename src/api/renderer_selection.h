@@ -15,6 +15,9 @@ class Renderer;
 /// keeps the current one with the fields it has.
 Renderer* selectRenderer(RenderContext& context, SCENE& scene, uint32_t drawFlags);
 
+/// The same for a frame in a file, which always takes the shadowed renderer.
+Renderer* selectFileRenderer(RenderContext& context, SCENE& scene, uint32_t drawFlags);
+
 /// Destroys the process's renderer, if there is one.
 void destroyCurrentRenderer();
 

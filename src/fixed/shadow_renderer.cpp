@@ -6,6 +6,7 @@
 #include "fixed/bitmap_frame.h"
 #include "fixed/edge_pass.h"
 #include "fixed/file_frame.h"
+#include "fixed/frame_overlays.h"
 #include "fixed/jitter_texture.h"
 #include "fixed/mark_texture.h"
 #include "fixed/material_color.h"
@@ -152,7 +153,7 @@ void ShadowRenderer::prepareProgram(bool shadows) {
         updateShadows();
 }
 
-int ShadowRenderer::drawToWindow(const GLSurface&) {
+int ShadowRenderer::drawToWindow(const GLSurface& surface) {
     if (scene == nullptr)
         return 1;
     deleteReleasedObjects();
@@ -163,6 +164,7 @@ int ShadowRenderer::drawToWindow(const GLSurface&) {
         return 1;
     prepareProgram((drawFlags & kDrawShadows) != 0);
     drawFrame();
+    drawFrameOverlays(*this, surface);
     drawFlags &= ~kDrawOnce;
     return 1;
 }
