@@ -24,6 +24,9 @@ constexpr const char* kDescription =
     "OFF,\n"
     "AMF and 3MF files have z up, all others y. --unit and --up say otherwise.";
 
+/// Mode 7 by way of a file.
+constexpr const char* kFileMode = "file";
+
 /// What the options are read into before they are understood.
 struct Texts {
     std::string unit;
@@ -35,6 +38,8 @@ struct Texts {
     std::string zoomWindow;
     std::string mode = "drawing";
     std::string background;
+    std::string sun;
+    std::string surfaces = "color";
     std::string size;
     double fieldOfView = 0.0;
     int lineWeight = 0;
@@ -48,6 +53,7 @@ struct Parsed {
     StyleOptions style;
     LibraryOptions library;
     std::string output;
+    bool noShadows = false;
     int antialias = RenderOptions{}.antialias;
     bool listObjects = false;
     int pickX = 0;
@@ -104,15 +110,28 @@ void addViewOptions(CLI::App& command, Parsed& parsed) {
 }
 
 void addStyleOptions(CLI::App& command, Parsed& parsed) {
-    command.add_option("--mode", parsed.texts.mode, "drawing (default) or edges")
+    command
+        .add_option("--mode", parsed.texts.mode,
+                    "drawing (default), edges or shadow; render also takes file: what the library "
+                    "draws into files, lit without shadows")
         ->type_name("NAME");
+    command
+        .add_option("--sun", parsed.texts.sun,
+                    "Where the sun stands, in degrees: counter-clockwise from +x seen from above, "
+                    "and above the horizon (230,42)")
+        ->type_name("AZIMUTH,ELEVATION");
+    command.add_flag("--no-shadows", parsed.noShadows, "Light without shadows in shadow mode");
+    command
+        .add_option("--surfaces", parsed.texts.surfaces,
+                    "color (default), grey or white, in shadow mode")
+        ->type_name("LOOK");
     command.add_flag("--hidden-edges", parsed.style.hiddenEdges, "Draw hidden edges dashed");
     command.add_flag("--round-ends", parsed.style.roundEnds, "Mark the ends of edges");
     command.add_option("--line-weight", parsed.texts.lineWeight, "Weight of the edges, 0 to 100")
         ->type_name("N");
     command.add_option("--edge-opacity", parsed.texts.edgeOpacity, "0 to 100 percent")
         ->type_name("P");
-    command.add_option("--background", parsed.texts.background, "Background of drawings")
+    command.add_option("--background", parsed.texts.background, "Background")
         ->type_name("RRGGBB");
     command.add_option("--samples", parsed.library.samples, "Samples per pixel, 1 to 16 (8)")
         ->type_name("N");
@@ -189,9 +208,31 @@ void understandView(const CLI::App& command, Parsed& parsed) {
     }
 }
 
+SurfaceLook parseSurfaces(const std::string& name) {
+    if (name == "color")
+        return SurfaceLook::Colored;
+    if (name == "grey")
+        return SurfaceLook::Grey;
+    if (name == "white")
+        return SurfaceLook::White;
+    throw UserError("--surfaces takes color, grey or white");
+}
+
+void understandLight(const CLI::App& command, Parsed& parsed) {
+    parsed.style.shadows = !parsed.noShadows;
+    parsed.style.surfaces = parseSurfaces(parsed.texts.surfaces);
+    if (command.count("--sun") == 0)
+        return;
+    const std::vector<double> n = parseNumbers(parsed.texts.sun, 2, "--sun");
+    checkRange("the sun's azimuth", n[0], -360.0, 360.0);
+    checkRange("the sun's elevation", n[1], -90.0, 90.0);
+    parsed.style.sun = {n[0], n[1]};
+}
+
 void understandStyle(const CLI::App& command, Parsed& parsed) {
     const Texts& texts = parsed.texts;
-    parsed.style.mode = parseMode(texts.mode);
+    parsed.style.mode = texts.mode == kFileMode ? ogl::kRenderModeShadow : parseMode(texts.mode);
+    understandLight(command, parsed);
     if (command.count("--line-weight") != 0) {
         checkRange("--line-weight", texts.lineWeight, 0, 100);
         parsed.style.lineWeight = texts.lineWeight;
@@ -310,6 +351,8 @@ Request readCommandLine(int argc, const char* const* argv) {
     }
     understandStyle(command, parsed);
     if (&command == &show) {
+        if (parsed.texts.mode == kFileMode)
+            throw UserError("show cannot draw into files");
         ShowOptions options{parsed.model, parsed.view, parsed.style, parsed.library};
         options.size = sized ? parseSize(parsed.texts.size) : options.size;
         checkRange("--size", options.size.width, 1, kLargestWindowSide);
@@ -318,6 +361,7 @@ Request readCommandLine(int argc, const char* const* argv) {
     }
     RenderOptions options{parsed.model, parsed.view, parsed.style, parsed.library, parsed.output};
     options.size = sized ? parseSize(parsed.texts.size) : options.size;
+    options.throughFile = parsed.texts.mode == kFileMode;
     checkRange("--antialias", parsed.antialias, 1, kLargestFactor);
     options.antialias = parsed.antialias;
     return options;

@@ -35,9 +35,21 @@ struct ViewOptions {
     std::optional<ogl::host::ViewWindow> zoomWindow;
 };
 
+/// Where the sun stands.
+struct SunPosition {
+    double azimuthDegrees = 230.0; ///< counter-clockwise from +x, seen from above
+    double elevationDegrees = 42.0;
+};
+
+/// What surfaces look like in shadow mode.
+enum class SurfaceLook { Colored, Grey, White };
+
 /// How it is drawn.
 struct StyleOptions {
     int32_t mode = ogl::kRenderModeDrawing;
+    SunPosition sun;
+    bool shadows = true; ///< in shadow mode
+    SurfaceLook surfaces = SurfaceLook::Colored;
     bool hiddenEdges = false;
     bool roundEnds = false;
     int lineWeight = ogl::host::DrawingStyle{}.lineWeight;
@@ -51,6 +63,7 @@ struct RenderOptions {
     StyleOptions style;
     LibraryOptions library;
     std::string output;
+    bool throughFile = false; ///< the library draws into a file, which is read and written anew
     Size size{1600, 1200};
     int antialias = 2; ///< drawn so many times larger and averaged
 };

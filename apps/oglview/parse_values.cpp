@@ -34,7 +34,8 @@ struct ModeName {
     int32_t mode;
 };
 constexpr ModeName kModes[] = {{"drawing", ogl::kRenderModeDrawing},
-                               {"edges", ogl::kRenderModeEdges}};
+                               {"edges", ogl::kRenderModeEdges},
+                               {"shadow", ogl::kRenderModeShadow}};
 
 } // namespace
 

@@ -3,6 +3,7 @@
 #include "oglview/antialias.h"
 #include "oglview/commands.h"
 #include "oglview/dib_section.h"
+#include "oglview/file_drawing.h"
 #include "oglview/fill_gauge.h"
 #include "oglview/loaded_scene.h"
 #include "oglview/scene_style.h"
@@ -42,7 +43,11 @@ int renderCommand(const std::string& program, const RenderOptions& options) {
         if (options.model.progress)
             filling.emplace(progress, bitmap.pixels(), bitmap.picture().width,
                             bitmap.picture().height);
-        d3_DrawInDibSection(view.get(), scene.builder.scene(), ogl::kDrawFullQuality, bitmap.get());
+        const uint32_t flags = drawFlagsOf(style);
+        if (options.throughFile)
+            drawThroughFile(view, scene.builder.scene(), flags, bitmap);
+        else
+            d3_DrawInDibSection(view.get(), scene.builder.scene(), flags, bitmap.get());
         view.releaseScene(scene.builder);
     }
     progress.step("writing " + options.output);

@@ -4,6 +4,32 @@
 
 namespace oglview {
 
+namespace {
+
+// Mode 7 has no tone curve: more light than this and sunlit walls lose their colours.
+constexpr int kSunPercent = 25;
+constexpr float kAmbientLight = 0.1f;
+
+ogl::host::Sun sunAt(const SunPosition& position) {
+    ogl::host::Sun sun;
+    sun.azimuthDegrees = position.azimuthDegrees + 180.0; // its light travels the other way
+    sun.elevationDegrees = position.elevationDegrees;
+    return sun;
+}
+
+} // namespace
+
+uint32_t drawFlagsOf(const StyleOptions& style) {
+    uint32_t flags = ogl::kDrawInlineTextures;
+    if (style.surfaces != SurfaceLook::White)
+        flags |= ogl::kDrawFullQuality;
+    if (style.surfaces == SurfaceLook::Grey)
+        flags |= ogl::kDrawGrey;
+    if (style.shadows)
+        flags |= ogl::kDrawShadows;
+    return flags;
+}
+
 void applyStyle(ogl::host::SceneBuilder& builder, const StyleOptions& style) {
     ogl::host::DrawingStyle drawing;
     drawing.hiddenEdges = style.hiddenEdges;
@@ -11,7 +37,17 @@ void applyStyle(ogl::host::SceneBuilder& builder, const StyleOptions& style) {
     drawing.lineWeight = style.lineWeight;
     drawing.edgeOpacityPercent = style.edgeOpacityPercent.value_or(drawing.edgeOpacityPercent);
     drawing.drawingBackground = style.background;
+    if (style.background)
+        drawing.background = *style.background;
     builder.setDrawingStyle(drawing);
+    ogl::host::Sun sun = sunAt(style.sun);
+    if (style.mode == ogl::kRenderModeShadow) {
+        sun.intensityPercent = kSunPercent;
+        ogl::host::PhotoStyle light;
+        light.lightAmbient = kAmbientLight;
+        builder.setPhotoStyle(light);
+    }
+    builder.setSun(sun);
     builder.setRenderMode(style.mode);
 }
 

@@ -7,6 +7,9 @@
 
 namespace oglview {
 
+/// The drawing flags that the style asks for.
+uint32_t drawFlagsOf(const StyleOptions& style);
+
 /// Sets how the scene is drawn.
 void applyStyle(ogl::host::SceneBuilder& builder, const StyleOptions& style);
 

@@ -28,6 +28,7 @@ constexpr const char* kKeys[] = {
     "click: select (with Ctrl: more)",
     "1: drawing",
     "2: edges",
+    "3: shadow",
     "H: hidden edges",
     "F: frame rate and statistics",
     "P: paths",
@@ -49,7 +50,14 @@ double sizeOf(const LoadedScene& scene) {
 }
 
 const char* nameOf(int32_t mode) {
-    return mode == ogl::kRenderModeEdges ? "edges" : "drawing";
+    switch (mode) {
+    case ogl::kRenderModeEdges:
+        return "edges";
+    case ogl::kRenderModeShadow:
+        return "shadow";
+    default:
+        return "drawing";
+    }
 }
 
 } // namespace
@@ -162,6 +170,9 @@ void ViewerWindow::keyDown(int key) {
         break;
     case '2':
         setMode(ogl::kRenderModeEdges);
+        break;
+    case '3':
+        setMode(ogl::kRenderModeShadow);
         break;
     case 'H':
         style_.hiddenEdges = !style_.hiddenEdges;
@@ -300,8 +311,7 @@ void ViewerWindow::draw() {
     builder.setHud(static_cast<uint8_t>((showPaths_ ? ogl::kHudPaths : 0) |
                                         (showStatistics_ ? ogl::kHudStatistics : 0)));
     builder.placePaths(size.width, size.height);
-    d3_DrawInWindow(view_->get(), scene_.builder.scene(), ogl::kDrawFullQuality, 1, nullptr,
-                    nullptr);
+    d3_DrawInWindow(view_->get(), scene_.builder.scene(), drawFlagsOf(style_), 1, nullptr, nullptr);
 }
 
 void ViewerWindow::run() {

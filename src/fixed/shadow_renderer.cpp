@@ -19,6 +19,8 @@
 #include "gpu/gl_debug.h"
 #include "render/render_context.h"
 
+#include <utility>
+
 namespace ogl {
 
 namespace {
@@ -113,8 +115,11 @@ void ShadowRenderer::renderShadowMap(ShadowLight& light) {
     const bool interior = kind == kDeferredRenderer && light.kind == LightKind::Sun &&
                           (scene->lightFlags & kLightInterior) != 0;
     FixedShading shading = fixedShading();
+    // Mesa's llvmpipe (22.3) takes minutes for textures at its finest when the light grazes them.
+    const float anisotropy = std::exchange(maxAnisotropy, 1.0f);
     ShadowMapPass{*this, batches_.meshes(), shading, *shadowTarget_, interior, portals_}.draw(
         light);
+    maxAnisotropy = anisotropy;
 }
 
 void ShadowRenderer::buildPortals() {

@@ -5,6 +5,7 @@
 #include "fixed/portals.h"
 #include "fixed/program_surface_pass.h"
 #include "fixed/scene_batches.h"
+#include "fixed/surface_shading.h"
 #include "gpu/render_target.h"
 #include "gpu/shader_program.h"
 #include "render/light.h"
