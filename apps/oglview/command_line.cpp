@@ -131,8 +131,7 @@ void addStyleOptions(CLI::App& command, Parsed& parsed) {
         ->type_name("N");
     command.add_option("--edge-opacity", parsed.texts.edgeOpacity, "0 to 100 percent")
         ->type_name("P");
-    command.add_option("--background", parsed.texts.background, "Background")
-        ->type_name("RRGGBB");
+    command.add_option("--background", parsed.texts.background, "Background")->type_name("RRGGBB");
     command.add_option("--samples", parsed.library.samples, "Samples per pixel, 1 to 16 (8)")
         ->type_name("N");
     command

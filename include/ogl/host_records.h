@@ -80,8 +80,8 @@ inline constexpr uint32_t kFaceUnlit = 0x10;      ///< on the first face of a cl
 inline constexpr uint32_t kFaceVertexNormals = 0x100000;
 inline constexpr uint32_t kFaceTwoSided = 0x20000000;     ///< on the first face of a cluster
 inline constexpr uint32_t kFaceNotRayTraced = 0x40000000; ///< on the first face of a cluster
-inline constexpr uint32_t kFacePortal = 0x40000000;       ///< the same bit, on any face of an object
-                                                          ///< of kind 1 or 2: a window opening
+inline constexpr uint32_t kFacePortal = 0x40000000; ///< the same bit, on any face of an object
+                                                    ///< of kind 1 or 2: a window opening
 
 // material.flags
 inline constexpr uint16_t kMaterialOnlyTextured = 0x1;

@@ -141,8 +141,9 @@ void drawInFile(RenderContext& context, SCENE& scene, uint32_t drawFlags, int wi
     Renderer* renderer = selectFileRenderer(context, scene, drawFlags);
     if (renderer == nullptr)
         return;
-    const ViewLimit limit = largestView();
-    if (width < 1 || height < 1 || width > limit.width || height > limit.height) {
+    GLint limits[2] = {1, 1};
+    glGetIntegerv(GL_MAX_VIEWPORT_DIMS, limits);
+    if (width < 1 || height < 1 || width > limits[0] || height > limits[1]) {
         context.errorLog.write("Error", "No picture of this size",
                                std::to_string(width) + " x " + std::to_string(height));
         return;

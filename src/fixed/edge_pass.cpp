@@ -43,8 +43,7 @@ EdgeStyle edgeStyle(const SCENE& scene, uint32_t drawFlags, float baseWidth) {
 
 int edgeReach(const EdgeStyle& style) {
     // OpenGL cuts points at kPointSizeLimit, but not lines.
-    const float widest =
-        std::max(std::min(style.pointSize, kPointSizeLimit), 2.0f * style.width);
+    const float widest = std::max(std::min(style.pointSize, kPointSizeLimit), 2.0f * style.width);
     return kUsualReach + static_cast<int>(std::min(widest, 1e4f) / 2.0f);
 }
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "fixed/plan_view.h"
 
-#include "platform/win32.h"
+#include "gpu/tile_renderer.h"
 #include "render/bitmap_target.h"
 
 #include <algorithm>
@@ -30,6 +30,24 @@ void drawPlan(Renderer& renderer, const PlanView& view, const std::function<void
     glLoadIdentity();
     gluLookAt(0.0, 0.0, view.eyeHeight, 0.0, 0.0, view.middle, 0.0, 1.0, 0.0);
     drawMeshes();
+}
+
+/// Tiles without borders: no pass of a plan reads its neighbours.
+void drawInTiles(Renderer& renderer, const BitmapTarget& target, const PlanView& view,
+                 const std::function<void()>& drawMeshes) {
+    if (renderer.width < 1 || renderer.height < 1)
+        return;
+    TileRenderer tiles;
+    tiles.setTileSize(renderer.width, renderer.height, 0);
+    tiles.setImageSize(target.width, target.height);
+    tiles.setImageBuffer(target.bitsPerPixel == 24 ? GL_BGR : GL_BGRA, GL_UNSIGNED_BYTE,
+                         target.pixels);
+    tiles.setOrtho({view.left, view.right, view.bottom, view.top, view.near, view.far});
+    glPixelStorei(GL_PACK_ALIGNMENT, 4);
+    do {
+        tiles.beginTile();
+        drawPlan(renderer, view, drawMeshes);
+    } while (tiles.endTile());
 }
 
 } // namespace
@@ -66,6 +84,7 @@ void drawPlanToBitmap(Renderer& renderer, HBITMAP bitmap, const std::function<vo
         readFrame(target, target.width, target.height);
         return;
     }
+    drawInTiles(renderer, target, view, drawMeshes);
 }
 
 } // namespace ogl

@@ -58,8 +58,8 @@ class SceneBatches {
     const SCENE* builtScene_ = nullptr; ///< only compared, never read
     bool silhouettesBuilt_ = false;     ///< or all outlines are among the edges
     int generation_ = 0;
-    bool twoSided_ = false;             ///< kGeometryTwoSided at the last build
-    bool preview_ = false;              ///< the preview record is drawn instead of the scene
+    bool twoSided_ = false; ///< kGeometryTwoSided at the last build
+    bool preview_ = false;  ///< the preview record is drawn instead of the scene
 };
 
 /// True when an entry of the object cache has any of the marks.

@@ -19,8 +19,6 @@
 #include "gpu/gl_debug.h"
 #include "render/render_context.h"
 
-#include <utility>
-
 namespace ogl {
 
 namespace {
@@ -115,11 +113,8 @@ void ShadowRenderer::renderShadowMap(ShadowLight& light) {
     const bool interior = kind == kDeferredRenderer && light.kind == LightKind::Sun &&
                           (scene->lightFlags & kLightInterior) != 0;
     FixedShading shading = fixedShading();
-    // Mesa's llvmpipe (22.3) takes minutes for textures at its finest when the light grazes them.
-    const float anisotropy = std::exchange(maxAnisotropy, 1.0f);
     ShadowMapPass{*this, batches_.meshes(), shading, *shadowTarget_, interior, portals_}.draw(
         light);
-    maxAnisotropy = anisotropy;
 }
 
 void ShadowRenderer::buildPortals() {
@@ -143,8 +138,8 @@ void ShadowRenderer::noticeChanges() {
     const bool marked = (scene->geometry.flags & kGeometryShadowsChanged) != 0;
     if (marked)
         scene->geometry.flags = scene->geometry.flags & ~kGeometryShadowsChanged;
-    shadowsDirty_ = shadowsDirty_ || marked || sizeChanged != 0 ||
-                    builtGeneration_ != batches_.generation();
+    shadowsDirty_ =
+        shadowsDirty_ || marked || sizeChanged != 0 || builtGeneration_ != batches_.generation();
     builtGeneration_ = batches_.generation();
 }
 
@@ -186,7 +181,8 @@ int ShadowRenderer::drawToBitmap(HBITMAP bitmap) {
     }
     noticeChanges();
     prepareProgram((drawFlags & kDrawShadows) != 0);
-    drawFrameToBitmap(*this, bitmap, [this] { drawFrame(); });
+    drawFrameToBitmap(*this, bitmap, [this] { drawFrame(); },
+                      {.reachPixels = edgeReach(edgeStyleOfFrame())});
     return 1;
 }
 
@@ -223,12 +219,12 @@ void ShadowRenderer::drawSky() {
 
 void ShadowRenderer::drawMeshes(Lighting lighting) {
     if (lighting == Lighting::Program && objectProgram_ != nullptr)
-        ProgramSurfacePass{*this,          batches_.meshes(), *objectProgram_, sunLight_.get(),
-                           jitterTexture_, shadowSamples_}
+        ProgramSurfacePass{*this,           batches_.meshes(), *objectProgram_,
+                           sunLight_.get(), jitterTexture_,    shadowSamples_}
             .draw();
     else
         drawFixedSurfaces(lighting == Lighting::Fixed);
-    drawEdges();
+    EdgePass{*this, batches_.edges(), batches_.silhouettes(), edgeStyleOfFrame()}.draw();
 }
 
 void ShadowRenderer::drawFixedSurfaces(bool lit) {
@@ -239,11 +235,11 @@ void ShadowRenderer::drawFixedSurfaces(bool lit) {
     turnSunLightingOff();
 }
 
-void ShadowRenderer::drawEdges() const {
+EdgeStyle ShadowRenderer::edgeStyleOfFrame() const {
     EdgeStyle style = edgeStyle(*scene, drawFlags, lineWidth);
     style.pointSize = kMarkSizePerWidth * style.width + 1.0f;
     style.constantAlpha = true;
-    EdgePass{*this, batches_.edges(), batches_.silhouettes(), style}.draw();
+    return style;
 }
 
 void ShadowRenderer::drawPlan(HBITMAP bitmap) {

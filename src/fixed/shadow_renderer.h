@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "fixed/edge_pass.h"
 #include "fixed/portals.h"
 #include "fixed/program_surface_pass.h"
 #include "fixed/scene_batches.h"
@@ -76,7 +77,7 @@ class ShadowRenderer : public Renderer {
     void drawFrame();
     void drawMeshes(Lighting lighting);
     void drawFixedSurfaces(bool lit);
-    void drawEdges() const;
+    EdgeStyle edgeStyleOfFrame() const;
     void drawPlan(HBITMAP bitmap);
 
     int builtGeneration_ = 0; ///< of the batches that the shadow map shows

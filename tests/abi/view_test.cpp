@@ -100,15 +100,14 @@ TEST_F(ViewTest, BitmapsHoldTheBottomRowFirst) {
 TEST_F(ViewTest, ModesWithoutRendererLeaveTheBitmapAndSaySoOnce) {
     const View view;
     ASSERT_NE(view.get(), nullptr);
-    for (int mode : {9, 12, 7, 8}) {
+    for (int mode : {9, 12, 8}) {
         scene.setMode(mode);
         Dib dib(64, 64);
         draw(view, dib);
         draw(view, dib);
         EXPECT_EQ(dib.touchedBytes(), 0u) << mode;
     }
-    EXPECT_NE(view.log().find("No renderer for mode 7="), std::string::npos) << view.log();
-    EXPECT_NE(view.log().find("No renderer for mode 8="), std::string::npos);
+    EXPECT_NE(view.log().find("No renderer for mode 8="), std::string::npos) << view.log();
     EXPECT_EQ(view.log().find("mode 9"), std::string::npos);
     // A mode that selects nothing is drawn by the renderer that is there.
     scene.setMode(kRenderModeDrawing);
