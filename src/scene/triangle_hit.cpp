@@ -6,10 +6,6 @@
 
 namespace ogl {
 
-namespace {
-
-} // namespace
-
 bool hitTriangle(const Ray& ray, const uint8_t* triangle, float& distance) {
     Vec3 corners[3];
     static_assert(sizeof corners == kTriangleBytes);
