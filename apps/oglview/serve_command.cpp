@@ -35,9 +35,9 @@ void sendFile(const WebFile& file, httplib::Response& response) {
         return;
     }
     if (size == 0)
-        return response.set_content("", file.type.c_str());
+        return response.set_content("", file.type);
     response.set_content_provider(
-        size, file.type.c_str(), [stream](size_t offset, size_t length, httplib::DataSink& sink) {
+        size, file.type, [stream](size_t offset, size_t length, httplib::DataSink& sink) {
             std::array<char, 1 << 16> part;
             stream->seekg(static_cast<std::streamoff>(offset));
             stream->read(part.data(), static_cast<std::streamsize>(std::min(length, part.size())));

@@ -33,10 +33,10 @@ constexpr int kHighestBinary = 19; // and of kQuickBelow
 
 /// For each exponent of two: the exponent of ten of its power, from kLowestExponent.
 constexpr auto kDecimalOfBinary = [] {
-    std::array<int8_t, kHighestBinary - kLowestBinary + 1> table{};
+    std::array<int, kHighestBinary - kLowestBinary + 1> table{};
     double value = 1.0 / 16384.0;
-    for (int8_t& entry : table) {
-        int8_t e = 0;
+    for (int& entry : table) {
+        int e = 0;
         while (kPowersOfTen[static_cast<size_t>(e) + 1] <= value)
             ++e;
         entry = e;
@@ -56,6 +56,8 @@ constexpr auto kThreeDigits = [] {
     return table;
 }();
 
+constexpr std::array<char, 5> kBelowOne = {'0', '.', '0', '0', '0'};
+
 char* writeSlowly(char* to, double value) {
     if (!std::isfinite(value)) {
         *to = '0';
@@ -74,7 +76,7 @@ char* writeDigits(char* to, uint32_t digits, int exponent) {
     while (text[count - 1] == '0')
         --count;
     if (exponent < 0) {
-        std::memcpy(to, "0.0000", 6);
+        std::memcpy(to, kBelowOne.data(), kBelowOne.size());
         to += 1 - exponent;
         std::memcpy(to, text, kDigits);
         return to + count;

@@ -35,21 +35,23 @@ const differing = (a, b) => {
     return count / (a.width * a.height);
 };
 
-/** What the surface shader makes of a colour on a surface that the sun does not reach. */
-function shadedColor(color, normalZ, facing, page) {
+/** What the surface shader makes of a colour where the sun reaches a surface (lit = 1) or not (0). */
+function shadedColor(color, normalZ, facing, page, lit = 1) {
     const sky = 1.2 * page.ambient * (0.5 + 0.25 * normalZ);
     return color.map((value, k) => {
-        const light = sky + page.intensity[k] * 0.6 * (0.0625 * (facing + 1) + Math.max(facing, 0));
+        const light = sky + page.intensity[k] * 0.6 * (0.0625 * (facing + 1) + lit * facing);
         return 255 * (1 - Math.exp(-0.8 * value ** 2.2 * light)) ** (1 / 2.2);
     });
 }
 
 test("lit surfaces have the colours that light and material give", async () => {
-    // A blue board that faces the camera and the sun, and its back side's neighbour below it.
+    // A blue floor, a red wall on it, and before it a small board that shades a part of the floor.
     fs.writeFileSync(path.join(folder, "boards.obj"),
                      "mtllib boards.mtl\nv -1 -1 0\nv 1 -1 0\nv 1 1 0\nv -1 1 0\n" +
-                     "v -1 0 0\nv 1 0 0\nv 1 0 2\nv -1 0 2\nusemtl blue\nf 1 2 3 4\nusemtl red\nf 5 6 7 8\n");
-    fs.writeFileSync(path.join(folder, "boards.mtl"), "newmtl blue\nKd 0.2 0.4 0.8\nnewmtl red\nKd 0.8 0.4 0.2\n");
+                     "v -1 0 0\nv 1 0 0\nv 1 0 2\nv -1 0 2\n" +
+                     "v -0.6 -1.1 0.5\nv -0.2 -1.1 0.5\nv -0.2 -0.7 0.5\nv -0.6 -0.7 0.5\n" +
+                     "usemtl red\nf 5 6 7 8\nf 9 10 11 12\nusemtl blue\nf 1 2 3 4\n");
+    fs.writeFileSync(path.join(folder, "boards.mtl"), "newmtl red\nKd 0.8 0.4 0.2\nnewmtl blue\nKd 0.2 0.4 0.8\n");
     run("export", path.join(folder, "boards.obj"), documentOf("boards"), "--up", "z", "--unit", "m",
         "--size", "480x320", "--camera", "0,-4,2.5,0,0,0.5", "--background", "205080");
     const page = await open("boards");
@@ -58,8 +60,8 @@ test("lit surfaces have the colours that light and material give", async () => {
         toLight: [...gl.getUniform(objPrg, objPrg.lightDir)],
         intensity: [...gl.getUniform(objPrg, objPrg.lightIntensity)],
         ambient: gl.getUniform(objPrg, objPrg.ambientFactor),
-        // Where points of the boards are on the canvas: a lit one, one in the shadow of none.
-        places: [[0, -0.7, 0], [0.2, 0, 1]].map((point) => {
+        // Where points are on the canvas: floor in the sun, wall, floor in the small board's shadow.
+        places: [[0.6, -0.8, 0], [0.2, 0, 1], [-0.02, -0.44, 0]].map((point) => {
             const at = glMatrix.vec4.transformMat4([], [...point, 1], Camera.viewProjection);
             return [Math.round((at[0] / at[3] + 1) * 240), Math.round((1 - at[1] / at[3]) * 160)];
         }),
@@ -69,6 +71,35 @@ test("lit surfaces have the colours that light and material give", async () => {
     near(pixels.at(2, 2), [0x20, 0x50, 0x80], "background");
     near(pixels.at(...light.places[0]), shadedColor([0.2, 0.4, 0.8], 1, light.toLight[2], light), "blue");
     near(pixels.at(...light.places[1]), shadedColor([0.8, 0.4, 0.2], 0, -light.toLight[1], light), "red");
+    near(pixels.at(...light.places[2]), shadedColor([0.2, 0.4, 0.8], 1, light.toLight[2], light, 0), "shadow");
+    assert.deepEqual(page.problems, []);
+    await page.close();
+});
+
+test("a picture stands upright on its surface, and repeats at any size", async () => {
+    // 3 x 2 pixels, blue below and red above: a size that needs care before it repeats.
+    const row = (blue, red) => [...Array(3).fill([blue, 0, red]).flat(), 0, 0, 0];
+    const bmp = Buffer.alloc(54 + 24);
+    bmp.write("BM");
+    [[2, 78], [10, 54], [14, 40], [18, 3], [22, 2]].forEach(([at, value]) => bmp.writeInt32LE(value, at));
+    [[26, 1], [28, 24]].forEach(([at, value]) => bmp.writeInt16LE(value, at));
+    Buffer.from([...row(255, 0), ...row(0, 255)]).copy(bmp, 54);
+    fs.writeFileSync(path.join(folder, "sign.bmp"), bmp);
+    fs.writeFileSync(path.join(folder, "sign.mtl"), "newmtl sign\nKd 1 1 1\nmap_Kd sign.bmp\n");
+    fs.writeFileSync(path.join(folder, "sign.obj"),
+                     "mtllib sign.mtl\nv -1 0 0\nv 1 0 0\nv 1 0 2\nv -1 0 2\n" +
+                     "vt 0 0\nvt 2 0\nvt 2 2\nvt 0 2\nusemtl sign\nf 1/1 2/2 3/3 4/4\n");
+    run("export", path.join(folder, "sign.obj"), documentOf("sign"), "--up", "z", "--unit", "m",
+        "--size", "480x320", "--camera", "0,-4,1,0,0,1", "--fov", "40");
+    const page = await open("sign");
+    const pixels = await drawnPixels(page);
+    // Two pictures above each other, 2 m in 2 x 4 m tan(20 degrees): 220 of the 320 pixels.
+    const isRed = [0.125, 0.375, 0.625, 0.875].map((share) => {
+        const [red, , blue] = pixels.at(240, Math.round(160 - 110 + 220 * share));
+        assert.ok(Math.abs(red - blue) > 60, `${red} and ${blue} at ${share}`);
+        return red > blue;
+    });
+    assert.deepEqual(isRed, [true, false, true, false]);
     assert.deepEqual(page.problems, []);
     await page.close();
 });
