@@ -2,15 +2,35 @@
 // SPDX-License-Identifier: MIT
 #include "gl/deferred_bench.h"
 
+#include "gpu/screen_quad.h"
+
 namespace ogl::test {
+
+namespace {
+
+constexpr char kVertexSource[] = "#version 150 compatibility\n"
+                                 "void main() { gl_Position = ftransform(); }\n";
+constexpr char kReaderSource[] =
+    "#version 150 compatibility\n"
+    "uniform sampler2DMS attachment;\n"
+    "uniform int number;\n"
+    "void main() {\n"
+    "    gl_FragColor = texelFetch(attachment, ivec2(gl_FragCoord.xy), number);\n"
+    "}\n";
+
+} // namespace
 
 void DeferredBench::SetUp() {
     ShaderBench::SetUp();
     programs_.build(kObjShader, context_->errorLog);
+    reader_ = std::make_unique<ShaderProgram>();
+    std::array<char, kShaderLogSize> log{};
+    ASSERT_EQ(reader_->build("reader", 0, kVertexSource, kReaderSource, log), 0) << log.data();
 }
 
 void DeferredBench::TearDown() {
     programs_.release();
+    reader_.reset();
     targets_ = {};
     ShaderBench::TearDown();
 }
@@ -48,6 +68,16 @@ void DeferredBench::expectNeutralState() const {
         EXPECT_FALSE(glIsEnabled(GL_TEXTURE_RECTANGLE)) << unit;
     }
     glActiveTexture(GL_TEXTURE0);
+}
+
+std::vector<Texel> DeferredBench::surfacesOf(int attachment, int sample) {
+    return drawnBy([&] {
+        reader_->use();
+        reader_->setInt("attachment", 0);
+        reader_->setInt("number", sample);
+        bindSurfaces(frame(), 0, attachment);
+        drawScreenQuad();
+    });
 }
 
 std::vector<Texel> DeferredBench::drawnBy(const std::function<void()>& pass) {

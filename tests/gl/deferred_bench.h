@@ -24,6 +24,8 @@ class DeferredBench : public ShaderBench {
     const ShaderProgram& program(ProgramIndex index) const { return programs_.get(index); }
     /// Fails when a pass left a program, a texture unit or a framebuffer behind.
     void expectNeutralState() const;
+    /// What one sample of the G-buffer holds.
+    std::vector<Texel> surfacesOf(int attachment, int sample);
     /// What a pass draws into the framebuffer that is bound.
     std::vector<Texel> drawnBy(const std::function<void()>& pass);
 
@@ -32,6 +34,7 @@ class DeferredBench : public ShaderBench {
 
   private:
     std::unique_ptr<FrameView> frame_;
+    std::unique_ptr<ShaderProgram> reader_; ///< of the G-buffer
 };
 
 } // namespace ogl::test

@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "fixed/draw_lists.h"
+#include "gpu/shader_program.h"
+#include "render/renderer.h"
+
+namespace ogl {
+
+/// Draws the opaque surfaces of a scene with the G-buffer's program, material by material.
+struct OpaqueSurfaces {
+    const Renderer& renderer;
+    const DrawLists& meshes;
+    const ShaderProgram& program; ///< "objGBuffer", in use
+    unsigned maps;                ///< of materials that are bound, when textures are on
+
+    /// Leaves the maps' units reset.
+    void draw() const;
+
+  private:
+    bool showsAny(int material, const SceneLists& lists, const VIEW* view) const;
+};
+
+} // namespace ogl
