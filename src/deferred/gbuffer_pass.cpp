@@ -5,6 +5,7 @@
 #include "deferred/opaque_surfaces.h"
 #include "fixed/program_material.h"
 #include "gpu/gl_debug.h"
+#include "gpu/gl_state.h"
 
 namespace ogl {
 
@@ -13,14 +14,6 @@ namespace {
 constexpr unsigned kAllMaps = kDiffuseMap | kNormalMap | kSpecularMap | kOpacityMap;
 /// In places and surfaces where nothing is drawn; as an object id it is none.
 constexpr float kNoSurface = 0.3f;
-
-/// Tangents travel as colours and places leave as colours.
-void turnColorClampingOff() {
-    if (glClampColor == nullptr)
-        return;
-    glClampColor(GL_CLAMP_VERTEX_COLOR, GL_FALSE);
-    glClampColor(GL_CLAMP_FRAGMENT_COLOR, GL_FALSE);
-}
 
 } // namespace
 

@@ -5,6 +5,7 @@
 #include "fixed/program_material.h"
 #include "fixed/surface_pass.h"
 #include "gpu/gl_debug.h"
+#include "gpu/gl_state.h"
 #include "gpu/texture.h"
 #include "render/program_sources.h"
 #include "render/render_context.h"
@@ -15,21 +16,12 @@ namespace {
 
 constexpr unsigned kMaps = kDiffuseMap | kNormalMap | kOpacityMap;
 constexpr float kAmbientScale = 4.0f;
-constexpr float kShadowBlur = 0.001953125f; ///< 4 texels of the shadow map
 constexpr int kShadowUnit = 4;
 constexpr int kJitterUnit = 5;
 
 void setLinearFilter() {
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
-}
-
-/// Colours outside 0 .. 1 reach the programs: tangents travel as colours.
-void turnColorClampingOff() {
-    if (glClampColor == nullptr)
-        return;
-    glClampColor(GL_CLAMP_VERTEX_COLOR, GL_FALSE);
-    glClampColor(GL_CLAMP_FRAGMENT_COLOR, GL_FALSE);
 }
 
 } // namespace
@@ -58,18 +50,8 @@ void ProgramSurfacePass::setLight() const {
 }
 
 void ProgramSurfacePass::setShadowMap() const {
-    float x[kShadowSampleCount];
-    float y[kShadowSampleCount];
-    for (size_t i = 0; i < kShadowSampleCount; ++i) {
-        x[i] = (shadowSamples[i][0] - 0.5f) * kShadowBlur;
-        y[i] = (shadowSamples[i][1] - 0.5f) * kShadowBlur;
-    }
-    program.setMat4("shadowSamplesX", x);
-    program.setMat4("shadowSamplesY", y);
-    program.setFloat("shadowBlurFactor", kShadowBlur);
+    setShadowFilter(program, shadowSamples, jitterTexture, kJitterUnit);
     program.setInt("shadowMap", kShadowUnit);
-    program.setInt("jitterMap", kJitterUnit);
-    bindTexture(kJitterUnit, TextureKind::Repeating, jitterTexture.name(), GL_NEAREST, 1.0f);
     sun->bindShadowMap(kShadowUnit);
     if (renderer.vendor == kVendorNvidia)
         setLinearFilter();

@@ -6,12 +6,11 @@
 #include "gpu/shader_program.h"
 #include "render/light.h"
 #include "render/renderer.h"
+#include "render/shadow_filter.h"
 
 #include <span>
 
 namespace ogl {
-
-using ShadowSamples = std::array<std::array<float, 2>, kShadowSampleCount>;
 
 /// Draws the surfaces with the object program, lit by the sun.
 struct ProgramSurfacePass {

@@ -62,6 +62,13 @@ float resetGLDefaults() {
     return pointSizeMax;
 }
 
+void turnColorClampingOff() {
+    if (glClampColor == nullptr)
+        return;
+    glClampColor(GL_CLAMP_VERTEX_COLOR, GL_FALSE);
+    glClampColor(GL_CLAMP_FRAGMENT_COLOR, GL_FALSE);
+}
+
 void setCapability(unsigned capability, bool on) {
     if (on)
         glEnable(capability);

@@ -12,6 +12,9 @@ inline constexpr float kPointSizeLimit = 100.0f;
 /// arrays off; buffer swaps don't wait. Returns the largest point size, at most kPointSizeLimit.
 float resetGLDefaults();
 
+/// Lets colours outside 0 .. 1 into and out of programs: tangents and places travel as colours.
+void turnColorClampingOff();
+
 /// Turns a capability on or off.
 void setCapability(unsigned capability, bool on);
 
