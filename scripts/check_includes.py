@@ -16,7 +16,7 @@ import sys
 ROOMS = ["platform", "scene", "image", "gpu", "render", "fixed", "deferred", "api"]
 # What the folders outside src may include of it, besides their own files and include/ogl.
 HOST_SIDE = {"host", "apps"}
-HOST_SIDE_MAY_SEE = {"platform/memory32.h", "platform/win32.h"}
+HOST_SIDE_MAY_SEE = {"platform/memory32.h", "platform/win32.h", "scene/sun_position.h"}
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]')
 CONDITIONAL = re.compile(
     r"^\s*#\s*(?:if|ifdef|ifndef|elif)\b.*\b"

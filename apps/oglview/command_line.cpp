@@ -41,6 +41,8 @@ struct Texts {
     std::string sun;
     std::string surfaces = "color";
     std::string size;
+    std::string date;
+    std::string time;
     double fieldOfView = 0.0;
     int lineWeight = 0;
     int edgeOpacity = 0;
@@ -59,7 +61,28 @@ struct Parsed {
     int pickX = 0;
     int pickY = 0;
     bool json = false;
+    SunOptions sun;
 };
+
+void addSunOptions(CLI::App& command, Parsed& parsed) {
+    command.add_option("--date", parsed.texts.date, "Day, as 2025-06-21")
+        ->type_name("YYYY-MM-DD")
+        ->required();
+    command.add_option("--time", parsed.texts.time, "Time of day, universal time")
+        ->type_name("HH:MM")
+        ->required();
+    command.add_option("--lat", parsed.sun.latitude, "Latitude, degrees, north positive")
+        ->type_name("DEGREES")
+        ->required();
+    command.add_option("--lon", parsed.sun.longitude, "Longitude, degrees, east positive")
+        ->type_name("DEGREES")
+        ->required();
+    command
+        .add_option("--north", parsed.sun.north,
+                    "Direction of north in the model, from +x towards +y (90)")
+        ->type_name("DEGREES");
+    command.add_flag("--json", parsed.json, "Print one JSON object");
+}
 
 void addModelOptions(CLI::App& command, Parsed& parsed) {
     command.add_option("MODEL", parsed.model.model, "Model file, or flat")->required();
@@ -257,6 +280,17 @@ ExportOptions exportOptions(const CLI::App& command, const Parsed& parsed) {
     return options;
 }
 
+SunOptions understandSun(const Parsed& parsed) {
+    SunOptions options = parsed.sun;
+    options.day = parseDay(parsed.texts.date);
+    options.minutes = parseTimeOfDay(parsed.texts.time);
+    checkRange("--lat", options.latitude, -90.0, 90.0);
+    checkRange("--lon", options.longitude, -180.0, 180.0);
+    checkRange("--north", options.north, -360.0, 360.0);
+    options.json = parsed.json;
+    return options;
+}
+
 /// The first line of a message of the command-line library.
 std::string firstLine(const std::string& text) {
     return text.substr(0, text.find('\n'));
@@ -326,6 +360,9 @@ Request readCommandLine(int argc, const char* const* argv) {
     pick.add_flag("--json", parsed.json, "Print one JSON object");
     addViewOptions(pick, parsed);
 
+    CLI::App& sun = *app.add_subcommand("sun", "Tell where the sun stands");
+    addSunOptions(sun, parsed);
+
     if (parse(app, argc, argv))
         return NothingToDo{};
     const CLI::App& command = *app.get_subcommands().front();
@@ -333,6 +370,8 @@ Request readCommandLine(int argc, const char* const* argv) {
         checkRange("--port", serving.port, 0, 65535);
         return serving;
     }
+    if (&command == &sun)
+        return understandSun(parsed);
     understandModel(command, parsed);
     if (&command == &info)
         return InfoOptions{parsed.model, parsed.listObjects};

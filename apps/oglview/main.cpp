@@ -39,6 +39,8 @@ int runRequest(const oglview::Request& request) {
         return oglview::serveCommand(*serve);
     if (const auto* info = std::get_if<oglview::InfoOptions>(&request))
         return oglview::infoCommand(program, *info);
+    if (const auto* sun = std::get_if<oglview::SunOptions>(&request))
+        return oglview::sunCommand(*sun);
     if (const auto* pick = std::get_if<oglview::PickOptions>(&request))
         return oglview::pickCommand(program, *pick);
     return 0;

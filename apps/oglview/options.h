@@ -98,6 +98,16 @@ struct ServeOptions {
     int port = 8000; ///< 0 = any that is free
 };
 
+/// A day, a time of day and a place.
+struct SunOptions {
+    CalendarDay day;
+    int minutes = 0;        ///< of the day, universal time
+    double latitude = 0.0;  ///< degrees, north positive
+    double longitude = 0.0; ///< degrees, east positive
+    double north = 90.0;    ///< direction of north in the model, degrees; 90 = +y
+    bool json = false;
+};
+
 struct InfoOptions {
     ModelOptions model;
     bool listObjects = false;

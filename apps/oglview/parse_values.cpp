@@ -7,7 +7,9 @@
 #include <algorithm>
 #include <cctype>
 #include <charconv>
+#include <chrono>
 #include <cmath>
+#include <cstdio>
 #include <string_view>
 
 namespace oglview {
@@ -84,6 +86,29 @@ std::vector<double> parseNumbers(const std::string& text, size_t count, const st
 ogl::host::Vec3 parsePoint(const std::string& text, const std::string& what) {
     const std::vector<double> numbers = parseNumbers(text, 3, what);
     return {numbers[0], numbers[1], numbers[2]};
+}
+
+CalendarDay parseDay(const std::string& text) {
+    CalendarDay day;
+    char rest = 0;
+    const int read =
+        std::sscanf(text.c_str(), "%5d-%2d-%2d%c", &day.year, &day.month, &day.day, &rest);
+    const std::chrono::year_month_day date{std::chrono::year(day.year),
+                                           std::chrono::month(static_cast<unsigned>(day.month)),
+                                           std::chrono::day(static_cast<unsigned>(day.day))};
+    if (read != 3 || !date.ok() || day.year < 1 || day.year > 6000)
+        throw UserError("there is no day '" + text + "'; write it as 2025-06-21");
+    return day;
+}
+
+int parseTimeOfDay(const std::string& text) {
+    int hour = 0;
+    int minute = 0;
+    char rest = 0;
+    const int read = std::sscanf(text.c_str(), "%2d:%2d%c", &hour, &minute, &rest);
+    if (read != 2 || hour < 0 || hour > 23 || minute < 0 || minute > 59)
+        throw UserError("there is no time '" + text + "'; write it as 14:30");
+    return hour * 60 + minute;
 }
 
 int32_t parseMode(const std::string& name) {

@@ -35,6 +35,18 @@ std::vector<double> parseNumbers(const std::string& text, size_t count, const st
 /// "X,Y,Z".
 ogl::host::Vec3 parsePoint(const std::string& text, const std::string& what);
 
+struct CalendarDay {
+    int year = 0;
+    int month = 0; ///< 1 .. 12
+    int day = 0;
+};
+
+/// "2025-06-21", a day that there is, of the years 1 to 6000.
+CalendarDay parseDay(const std::string& text);
+
+/// "14:30" as minutes of the day.
+int parseTimeOfDay(const std::string& text);
+
 /// A mode's name as the scene's renderMode.
 int32_t parseMode(const std::string& name);
 

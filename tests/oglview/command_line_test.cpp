@@ -103,6 +103,13 @@ TEST(CommandLine, RefusesInOneLine) {
         {"render", "flat", "-o", "a.png", "--background", "white"},
         {"render", "flat", "-o", "a.png", "--no-such-option"},
         {"info", "flat", "--unit", "miles"},
+        {"sun", "--date", "2025-02-29", "--time", "12:00", "--lat", "50", "--lon", "10"},
+        {"sun", "--date", "2025-02-28x", "--time", "12:00", "--lat", "50", "--lon", "10"},
+        {"sun", "--date", "2025-02-28", "--time", "24:00", "--lat", "50", "--lon", "10"},
+        {"sun", "--date", "2025-02-28", "--time", "12", "--lat", "50", "--lon", "10"},
+        {"sun", "--date", "2025-02-28", "--time", "12:00", "--lat", "91", "--lon", "10"},
+        {"sun", "--date", "2025-02-28", "--time", "12:00", "--lat", "50", "--lon", "190"},
+        {"sun", "--date", "2025-02-28", "--time", "12:00", "--lat", "50"},
         {"info", "flat", "--up", "x"},
         {"show", "flat", "-o", "a.png"},
     };

@@ -11,6 +11,8 @@
 #include <stb_image.h>
 
 #include <algorithm>
+#include <cmath>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
@@ -107,6 +109,32 @@ TEST_F(Program, DrawsTexturesAtGrazingAngles) {
              "--fov", "40", "--size", "600x420", "--antialias", "1"});
     ASSERT_EQ(result.exitCode, 0) << result.output;
     EXPECT_GT(readImage(path).inkShare(), 0.01);
+}
+
+// The published example of the algorithm has other air and another height; its azimuth does not
+// depend on them.
+TEST_F(Program, TellsWhereTheSunStands) {
+    const std::vector<std::string> words = {"sun",   "--date",    "2003-10-17", "--time",   "19:30",
+                                            "--lat", "39.742476", "--lon",      "-105.1786"};
+    const ProcessResult line = run(words);
+    ASSERT_EQ(line.exitCode, 0) << line.output;
+    EXPECT_EQ(std::ranges::count(line.output, '\n'), 1);
+    std::vector<std::string> jsonWords = words;
+    jsonWords.push_back("--json");
+    const ProcessResult json = run(jsonWords);
+    ASSERT_EQ(json.exitCode, 0) << json.output;
+    double zenith = 0, azimuth = 0, x = 0, y = 0, z = 0;
+    ASSERT_EQ(std::sscanf(json.output.c_str(),
+                          R"({"zenith":%lf,"azimuth":%lf,"direction":[%lf,%lf,%lf]})", &zenith,
+                          &azimuth, &x, &y, &z),
+              5)
+        << json.output;
+    // Half a minute before the published moment, when the azimuth grows by 0.33 degrees a minute.
+    EXPECT_NEAR(azimuth, 194.340 - 0.16, 0.02);
+    EXPECT_NEAR(zenith, 50.11, 0.05);
+    EXPECT_NEAR(z, -std::cos(zenith * 0.017453292519943), 1e-6);
+    EXPECT_NEAR(std::hypot(x, y, z), 1.0, 1e-6);
+    EXPECT_GT(y, 0.0) << "the light travels north";
 }
 
 TEST_F(Program, ShowsTheTexturesOfAModel) {
