@@ -73,7 +73,7 @@ std::string frameRateText(int64_t previousCounter, int64_t counter, int64_t freq
         1000.0 * static_cast<double>(counter - previousCounter) / static_cast<double>(frequency);
     // A counter that runs backwards counts as one that stands still.
     const double rate = 1000.0 / (std::fmax(milliseconds, 0.0) + 0.01);
-    const auto tenths = static_cast<int64_t>(rate * 10.0 + 0.5);
+    const auto tenths = static_cast<int64_t>(std::floor(rate * 10.0 + 0.5));
     return "FPS = " + std::to_string(tenths / 10) + "." + std::to_string(tenths % 10);
 }
 

@@ -5,13 +5,15 @@
 #include "gpu/texture.h"
 #include "gpu/vertex_array.h"
 
+#include <initializer_list>
+
 namespace ogl {
 
 void setOverlayState() {
-    for (const unsigned capability :
-         {GL_LIGHTING, GL_COLOR_MATERIAL, GL_TEXTURE_RECTANGLE, GL_CULL_FACE, GL_ALPHA_TEST,
-          GL_BLEND, GL_SAMPLE_ALPHA_TO_COVERAGE, GL_LINE_STIPPLE, GL_POINT_SPRITE,
-          GL_POLYGON_OFFSET_FILL, GL_POLYGON_OFFSET_LINE, GL_MULTISAMPLE})
+    for (const unsigned capability : std::initializer_list<unsigned>{
+             GL_LIGHTING, GL_COLOR_MATERIAL, GL_TEXTURE_RECTANGLE, GL_CULL_FACE, GL_ALPHA_TEST,
+             GL_BLEND, GL_SAMPLE_ALPHA_TO_COVERAGE, GL_LINE_STIPPLE, GL_POINT_SPRITE,
+             GL_POLYGON_OFFSET_FILL, GL_POLYGON_OFFSET_LINE, GL_MULTISAMPLE})
         glDisable(capability);
     resetTextureUnit(0);
     glEnable(GL_DEPTH_TEST);

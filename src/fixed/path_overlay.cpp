@@ -23,6 +23,9 @@ struct MarkerSize {
 constexpr MarkerSize kFirstMarker{6.0f, 5.0f};
 constexpr MarkerSize kOtherMarker{4.0f, 3.0f};
 
+constexpr int64_t kPointBytes = sizeof(POINT3D);
+constexpr int64_t kFlagsOffset = offsetof(POINT3D, flags);
+
 void drawSquare(PIXEL center, float halfSize) {
     const auto x = static_cast<float>(center.x);
     const auto y = static_cast<float>(center.y);
@@ -33,8 +36,7 @@ void drawSquare(PIXEL center, float halfSize) {
 bool isSolid(const ClusterView<uint8_t>& points, int path, int point) {
     const ItemRange range = points.cluster(path);
     const int64_t bytes = static_cast<int64_t>(range.count) * points.items().stride();
-    const int64_t at = static_cast<int64_t>(point) * static_cast<int64_t>(sizeof(POINT3D)) +
-                       offsetof(POINT3D, flags);
+    const int64_t at = int64_t{point} * kPointBytes + kFlagsOffset;
     return at < bytes && ((&points.items()[range.first])[at] & kPointSolid) != 0;
 }
 
