@@ -115,6 +115,11 @@ MATERIAL& SceneFixture::material(int m) {
     return static_cast<MATERIAL*>(materials.data.get())[m];
 }
 
+LIGHT& SceneFixture::light(int l) {
+    const LIST lights = geometry().lights;
+    return static_cast<LIGHT*>(lights.data.get())[l];
+}
+
 int SceneFixture::addMaterial(const MATERIAL& material) {
     materials_.push_back(material);
     return count(materials_.size()) - 1;

@@ -57,6 +57,7 @@ class SceneFixture {
     CACHEENTRY& entry(int k);
     FACE& face(int f);
     MATERIAL& material(int m);
+    LIGHT& light(int l);
 
     /// Each returns the number of what it added.
     int addMaterial(const MATERIAL& material);
