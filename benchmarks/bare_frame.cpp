@@ -83,6 +83,13 @@ void BareFrame::draw() const {
     drawEdges(nullptr);
 }
 
+void BareFrame::drawShaded(unsigned program) const {
+    glUseProgram(program);
+    drawMeshes(nullptr);
+    glUseProgram(0);
+    drawEdges(nullptr);
+}
+
 void BareFrame::drawWithin(const ScreenRect& rect) const {
     drawMeshes(&rect);
     drawEdges(&rect);

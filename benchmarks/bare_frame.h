@@ -28,6 +28,8 @@ class BareFrame {
 
     /// Clears and draws with the camera that is set.
     void draw() const;
+    /// The same with the meshes shaded by a GLSL program, whose uniforms are set.
+    void drawShaded(unsigned program) const;
 
     /// Finds out where things lie in a picture of this size, drawn with the matrices that are set.
     /// All must be in front of the camera.

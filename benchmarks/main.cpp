@@ -4,6 +4,7 @@
 #include "bench_export.h"
 #include "bench_frame.h"
 #include "bench_pick.h"
+#include "bench_shadow.h"
 #include "bench_tiles.h"
 
 #include <cstdio>
@@ -26,7 +27,7 @@ struct Bench {
 
 constexpr Bench kBenches[] = {
     {"batches", always<benchBatches>}, {"export", always<benchExport>}, {"frame", benchFrame},
-    {"pick", always<benchPick>},       {"tiles", benchTiles},
+    {"pick", always<benchPick>},       {"shadow", benchShadow},         {"tiles", benchTiles},
 };
 
 int usage() {

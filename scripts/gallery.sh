@@ -63,6 +63,22 @@ picture flat-inside-edges "flat, inside, edges" flat --view inside --mode edges 
 picture flat-kitchen "flat, kitchen" flat --view kitchen --size 1600x1000
 picture flat-plan "flat, plan" flat --view plan --size 1600x1100
 
+bright=(--mode shadow)
+picture house-shadow "house, lit by the sun" "$house" "${bright[@]}" --size 1600x1100
+picture house-evening "house, low sun from the other side" "$house" "${bright[@]}" --sun 340,14 \
+    --size 1600x1100
+picture house-living-shadow "house, living room, sun through the windows" "$house" "${living[@]}" \
+    "${bright[@]}" --sun 250,35 --size 1600x1000
+picture house-ground-floor-shadow "house, ground floor from above, lit by the sun" "$house" \
+    "${bright[@]}" --size 1600x1100 "${upper[@]}" --hide 'IfcSite*' \
+    --camera -4,-9,15,6,4.6,0 --fov 34
+picture flat-shadow "flat, lit by the sun" flat "${bright[@]}" --size 1600x1100
+picture flat-inside-shadow "flat, inside, sun through the windows" flat --view inside "${bright[@]}" \
+    --size 1600x1000
+picture flat-grey-shadow "flat, grey surfaces" flat "${bright[@]}" --surfaces grey --size 1600x1100
+"$viewer" render "$house" -o "$out/house-file.bmp" --mode file --size 1600x1100
+printf '%s  house, as the library draws it into files\n' "$out/house-file.bmp"
+
 spider=/usr/share/assimp/models/OBJ/spider.obj
 picture model-textures "a model file with its pictures as textures" "$spider" --size 1200x900
 

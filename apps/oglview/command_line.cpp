@@ -254,6 +254,7 @@ void understandLight(const CLI::App& command, Parsed& parsed) {
 void understandStyle(const CLI::App& command, Parsed& parsed) {
     const Texts& texts = parsed.texts;
     parsed.style.mode = texts.mode == kFileMode ? ogl::kRenderModeShadow : parseMode(texts.mode);
+    parsed.style.throughFile = texts.mode == kFileMode;
     understandLight(command, parsed);
     if (command.count("--line-weight") != 0) {
         checkRange("--line-weight", texts.lineWeight, 0, 100);
@@ -389,7 +390,7 @@ Request readCommandLine(int argc, const char* const* argv) {
     }
     understandStyle(command, parsed);
     if (&command == &show) {
-        if (parsed.texts.mode == kFileMode)
+        if (parsed.style.throughFile)
             throw UserError("show cannot draw into files");
         ShowOptions options{parsed.model, parsed.view, parsed.style, parsed.library};
         options.size = sized ? parseSize(parsed.texts.size) : options.size;
@@ -399,7 +400,6 @@ Request readCommandLine(int argc, const char* const* argv) {
     }
     RenderOptions options{parsed.model, parsed.view, parsed.style, parsed.library, parsed.output};
     options.size = sized ? parseSize(parsed.texts.size) : options.size;
-    options.throughFile = parsed.texts.mode == kFileMode;
     checkRange("--antialias", parsed.antialias, 1, kLargestFactor);
     options.antialias = parsed.antialias;
     return options;

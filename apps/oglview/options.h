@@ -50,6 +50,7 @@ struct StyleOptions {
     SunPosition sun;
     bool shadows = true; ///< in shadow mode
     SurfaceLook surfaces = SurfaceLook::Colored;
+    bool throughFile = false; ///< the library draws into a file, which is read and written anew
     bool hiddenEdges = false;
     bool roundEnds = false;
     int lineWeight = ogl::host::DrawingStyle{}.lineWeight;
@@ -63,7 +64,6 @@ struct RenderOptions {
     StyleOptions style;
     LibraryOptions library;
     std::string output;
-    bool throughFile = false; ///< the library draws into a file, which is read and written anew
     Size size{1600, 1200};
     int antialias = 2; ///< drawn so many times larger and averaged
 };

@@ -44,7 +44,7 @@ int renderCommand(const std::string& program, const RenderOptions& options) {
             filling.emplace(progress, bitmap.pixels(), bitmap.picture().width,
                             bitmap.picture().height);
         const uint32_t flags = drawFlagsOf(style);
-        if (options.throughFile)
+        if (style.throughFile)
             drawThroughFile(view, scene.builder.scene(), flags, bitmap);
         else
             d3_DrawInDibSection(view.get(), scene.builder.scene(), flags, bitmap.get());

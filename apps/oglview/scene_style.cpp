@@ -6,9 +6,11 @@ namespace oglview {
 
 namespace {
 
-// Mode 7 has no tone curve: more light than this and sunlit walls lose their colours.
-constexpr int kSunPercent = 25;
-constexpr float kAmbientLight = 0.1f;
+// Mode 7 has no tone curve: with more light than this sunlit walls lose their colours. Files are
+// drawn with OpenGL's own lighting, which takes a quarter of the sun.
+constexpr int kSunPercent = 19;
+constexpr int kFileSunPercent = 70;
+constexpr float kAmbientLight = 0.14f;
 
 ogl::host::Sun sunAt(const SunPosition& position) {
     ogl::host::Sun sun;
@@ -42,7 +44,7 @@ void applyStyle(ogl::host::SceneBuilder& builder, const StyleOptions& style) {
     builder.setDrawingStyle(drawing);
     ogl::host::Sun sun = sunAt(style.sun);
     if (style.mode == ogl::kRenderModeShadow) {
-        sun.intensityPercent = kSunPercent;
+        sun.intensityPercent = style.throughFile ? kFileSunPercent : kSunPercent;
         ogl::host::PhotoStyle light;
         light.lightAmbient = kAmbientLight;
         builder.setPhotoStyle(light);
