@@ -164,7 +164,7 @@ chroot "$tree" apt-get clean
 
 install_tree() {
     local uri suite
-    [ -x "$tree/usr/bin/wine" ] && return
+    [ -L "$tree/usr/bin/wine" ] && return
     is_installed debootstrap || apt_quiet install --no-install-recommends debootstrap || return 1
     read -r uri suite <<<"$(debian_archive)"
     [ -n "${suite:-}" ] || return 1
@@ -185,7 +185,7 @@ setup() {
     kind=$(cat build/wine-kind 2>/dev/null || true)
     case $kind in
     installed | wine64) return ;;
-    tree) [ ! -x "$tree/usr/bin/wine" ] || return 0 ;;
+    tree) [ ! -L "$tree/usr/bin/wine" ] || return 0 ;;
     esac
     mkdir -p build
     : >"$log"
