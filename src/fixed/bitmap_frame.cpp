@@ -16,8 +16,8 @@ namespace {
 /// The part of a tile's side that its border takes, on each side.
 constexpr double kBorderShare = 0.5 * 0.75;
 
-/// Mesa's llvmpipe (22.3) drops samples of lines in the last column and row of a scissor box: pixels
-/// that are drawn beyond what is kept, on each side.
+/// Mesa's llvmpipe (22.3) drops samples of lines in the last column and row of a scissor box:
+/// pixels that are drawn beyond what is kept, on each side.
 constexpr int kScissorMargin = 1;
 
 /// The border of a square tile. Small tiles keep one pixel at least.

@@ -37,7 +37,7 @@ class Camera {
     Vec3 up{0.0f, 0.0f, 1.0f};
     float near = 0.0f; ///< distances along the view direction
     float far = 0.0f;
-    float fov = 0.0f; ///< vertical, radians
+    float fov = 0.0f;  ///< vertical, radians
     int viewportX = 0; ///< pixels
     int viewportY = 0;
     int viewportWidth = 0;

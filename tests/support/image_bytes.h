@@ -50,8 +50,8 @@ struct TgaBytes {
     }
 };
 
-/// The header of a DIB with rows padded to 4 bytes.
-inline Bytes dibHeader(int width, int height, int bits) {
+/// Describes a DIB with rows padded to 4 bytes.
+inline BITMAPINFOHEADER dibInfo(int width, int height, int bits) {
     BITMAPINFOHEADER header{};
     header.biSize = sizeof header;
     header.biWidth = width;
@@ -59,6 +59,12 @@ inline Bytes dibHeader(int width, int height, int bits) {
     header.biPlanes = 1;
     header.biBitCount = static_cast<WORD>(bits);
     header.biSizeImage = static_cast<DWORD>((width * bits + 31) / 32 * 4 * height);
+    return header;
+}
+
+/// The header of a DIB alone.
+inline Bytes dibHeader(int width, int height, int bits) {
+    const BITMAPINFOHEADER header = dibInfo(width, height, bits);
     Bytes bytes(sizeof header);
     std::memcpy(bytes.data(), &header, sizeof header);
     return bytes;
@@ -67,13 +73,15 @@ inline Bytes dibHeader(int width, int height, int bits) {
 /// A DIB of pixels that are given top row first and without padding.
 inline Bytes dibBytes(int width, int height, int bits, const Bytes& pixels) {
     constexpr uint8_t kPadding = 0xee; // a colour that shows
-    Bytes bytes = dibHeader(width, height, bits);
+    const BITMAPINFOHEADER header = dibInfo(width, height, bits);
     const int rowBytes = width * bits / 8;
-    for (int y = height - 1; y >= 0; --y) {
-        const auto row = pixels.begin() + y * rowBytes;
-        bytes.insert(bytes.end(), row, row + rowBytes);
-        bytes.insert(bytes.end(), static_cast<size_t>(-rowBytes & 3), kPadding);
-    }
+    const int stride = (rowBytes + 3) / 4 * 4;
+    Bytes bytes(sizeof header + header.biSizeImage, kPadding);
+    std::memcpy(bytes.data(), &header, sizeof header);
+    for (int y = 0; y < height; ++y)
+        std::memcpy(&bytes[sizeof header + static_cast<size_t>(stride * y)],
+                    &pixels[static_cast<size_t>(rowBytes * (height - 1 - y))],
+                    static_cast<size_t>(rowBytes));
     return bytes;
 }
 

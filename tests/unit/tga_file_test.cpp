@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "image/tga_file.h"
 
-#include "support/temp_folder.h"
 #include "support/image_bytes.h"
+#include "support/temp_folder.h"
 
 #include <gtest/gtest.h>
 
