@@ -10,8 +10,8 @@
 #include "fixed/shadow_renderer.h"
 #include "gpu/texture.h"
 
-#include <algorithm>
 #include <memory>
+#include <string>
 
 namespace ogl::bench {
 
@@ -48,11 +48,6 @@ std::unique_ptr<OpenShadowRenderer> makeRenderer(BenchView& view, SCENE& scene) 
     renderer->sizeChanged = 0; // as in every frame after the first
     renderer->setupCamera(scene);
     return renderer;
-}
-
-void keepLeast(Cost& least, const Cost& cost) {
-    least.time = std::min(least.time, cost.time);
-    least.processorTime = std::min(least.processorTime, cost.processorTime);
 }
 
 bool measure(BenchView& view, const char* name, const SceneSize& size) {

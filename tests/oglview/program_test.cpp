@@ -101,6 +101,22 @@ f 1 5 8 4
 f 2 3 7 6
 )";
 
+// A slab on the ground, seen from the front: below is dark, above is background.
+TEST_F(Program, DrawsLitPicturesTheUsualWayUp) {
+    const std::string model = folder_.file("slab.obj");
+    ogl::test::writeFile(model, "v -2 0 0\nv 2 0 0\nv 2 0 1\nv -2 0 1\nf 1 2 3 4\n");
+    for (const char* mode : {"file", "shadow"}) {
+        const std::string path = folder_.file("slab.png");
+        const ProcessResult result =
+            run({"render", model, "-o", path, "--mode", mode, "--unit", "m", "--up", "z",
+                 "--camera", "0,-5,1,0,0,1", "--sun", "90,40", "--size", "300x200"});
+        ASSERT_EQ(result.exitCode, 0) << result.output;
+        const Image image = readImage(path);
+        EXPECT_LT(image.at(150, 115)[1], 190) << mode; // its side away from the sun
+        EXPECT_GT(image.at(150, 60)[1], 220) << mode;
+    }
+}
+
 // Some software drivers never finish this frame with anisotropic textures.
 TEST_F(Program, DrawsTexturesAtGrazingAngles) {
     const std::string path = folder_.file("grazing.png");
