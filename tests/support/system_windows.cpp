@@ -116,6 +116,9 @@ ProcessResult runProgram(const std::string& program, const std::vector<std::stri
         CloseHandle(process.hThread);
         CloseHandle(process.hProcess);
         result.output = readFile(outputPath);
+        // Programs write text: the system ends its lines in its own way.
+        for (size_t at = 0; (at = result.output.find("\r\n", at)) != std::string::npos;)
+            result.output.erase(at, 1);
     }
     return result;
 }
