@@ -2,15 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "host/import/image_decoder.h"
 
+#include <stb_image.h>
+
 #include <limits>
 #include <memory>
-
-// The one place of the host side where the decoder is compiled.
-#define STB_IMAGE_IMPLEMENTATION
-#define STB_IMAGE_STATIC
-#define STBI_NO_STDIO
-#define STBI_NO_HDR
-#include <stb_image.h>
 
 namespace ogl::host {
 

@@ -56,7 +56,7 @@ fs::path findFile(const fs::path& folder, std::string name) {
     std::ranges::replace(name, '\\', '/');
     for (const std::string& spelling : {name, withoutEscapes(name)})
         for (const fs::path& path : {folder / spelling, folder / fs::path(spelling).filename()}) {
-            const fs::path found = inAnyCase(path);
+            fs::path found = inAnyCase(path);
             if (!found.empty())
                 return found;
         }

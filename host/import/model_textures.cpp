@@ -75,7 +75,7 @@ TextureFile normalMapTga(const DecodedImage& image) {
                   0x20}; // top row first
     file.bytes.reserve(kTgaHeaderSize + image.pixels.size() / 4 * 3);
     for (size_t k = 0; k < image.pixels.size(); k += 4)
-        for (const size_t channel : {2, 1, 0})
+        for (const size_t channel : {size_t{2}, size_t{1}, size_t{0}})
             file.bytes.push_back(image.pixels[k + channel]);
     return file;
 }

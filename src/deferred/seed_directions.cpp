@@ -47,8 +47,11 @@ float radicalInverse(unsigned number, unsigned base) {
     const float step = 1.0f / static_cast<float>(base);
     float place = step;
     float sum = 0.0f;
-    for (; number != 0; number /= base, place *= step)
+    while (number != 0) {
         sum += static_cast<float>(number % base) * place;
+        number /= base;
+        place *= step;
+    }
     return sum;
 }
 
