@@ -64,7 +64,8 @@ struct HeightField {
 class ColumnSums {
   public:
     explicit ColumnSums(int width)
-        : width_(width), smooth_(static_cast<size_t>(width + 2 * kReach)), slope_(smooth_.size()) {}
+        : width_(width), smooth_(static_cast<size_t>(width) + size_t{2} * kReach),
+          slope_(smooth_.size()) {}
 
     void fill(const HeightField& field, int y) {
         std::array<const uint8_t*, 5> rows{};
@@ -72,7 +73,7 @@ class ColumnSums {
             rows[static_cast<size_t>(k)] = field.row(y + k - kReach);
         for (int x = 0; x < width_; ++x) {
             const int a = rows[0][x], b = rows[1][x], d = rows[3][x], e = rows[4][x];
-            const auto at = static_cast<size_t>(x + kReach);
+            const size_t at = static_cast<size_t>(x) + size_t{kReach};
             smooth_[at] = a + e + 4 * (b + d) + 6 * rows[2][x];
             slope_[at] = e - a + 2 * (d - b);
         }
@@ -92,11 +93,12 @@ class ColumnSums {
   private:
     void repeatEnds(std::vector<int>& sums) const {
         for (int k = 1; k <= kReach; ++k) {
-            const int left = (width_ - k % width_) % width_;
-            const int right = (k - 1) % width_;
-            sums[static_cast<size_t>(kReach - k)] = sums[static_cast<size_t>(left + kReach)];
-            sums[static_cast<size_t>(width_ + kReach + k - 1)] =
-                sums[static_cast<size_t>(right + kReach)];
+            const auto at = [&](int column) -> int& {
+                const int place = column + kReach;
+                return sums[static_cast<size_t>(place)];
+            };
+            at(-k) = at((width_ - k % width_) % width_);
+            at(width_ + k - 1) = at((k - 1) % width_);
         }
     }
 
@@ -140,11 +142,12 @@ Image normalMapOf(const Image& bump, float strength) {
               .format = ImageFormat::Rgba8};
     float z = kFlatness / static_cast<float>(std::max(bump.width, bump.height));
     size_t done = 0; // pixels of the levels before
-    for (int level = 0; level < bump.levels && done < pixels; ++level, z *= 2.0f) {
+    for (int level = 0; level < bump.levels && done < pixels; ++level) {
         const HeightField field{&grey[done], std::max(bump.width >> level, 1),
                                 std::max(bump.height >> level, 1)};
         encodeNormals(field, z, &map.pixels[4 * done]);
         done += static_cast<size_t>(field.width) * static_cast<size_t>(field.height);
+        z *= 2.0f; // a level's texels are twice as wide
     }
     return map;
 }
