@@ -71,9 +71,8 @@ void drawHighlights(const SCENE& scene, const VIEW& view) {
     const int count = cacheEntryCount(view);
     setState();
     for (int k = 0; k < count; ++k) {
-        if (!lists.isDrawn(k))
-            continue;
-        const uint32_t highlight = lists.objects[k].highlight;
+        const OBJECT* object = lists.objects.at(k); // hidden ones are highlighted too
+        const uint32_t highlight = object != nullptr ? object->highlight : 0;
         if ((highlight & (kHighlightSelected | kHighlightMarked)) == 0)
             continue;
         VertexArray outline;

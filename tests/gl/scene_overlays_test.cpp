@@ -67,7 +67,7 @@ TEST_F(Highlights, OutlineObjectsInTheColorsOfTheirBits) {
         {"marked", -6, kMarked, 0, 0, &kBlue},
         {"both", -3, kSelected | kMarked | 1, 0, 0, &kYellow},
         {"other bits", 0, ~(kSelected | kMarked), 0, 0, nullptr},
-        {"hidden", 3, kSelected, 0x8, 0, nullptr},
+        {"hidden", 3, kSelected, 0x8, 0, &kRed},
         {"face left out", 6, kSelected, 0, 0x4, nullptr},
     };
     for (const auto& row : rows) {
