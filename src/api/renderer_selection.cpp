@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "api/renderer_selection.h"
 
+#include "deferred/deferred_renderer.h"
 #include "fixed/edge_renderer.h"
 #include "fixed/fixed_renderer.h"
 #include "fixed/shadow_renderer.h"
@@ -42,6 +43,8 @@ std::unique_ptr<Renderer> makeRenderer(RenderContext& context, int mode) {
     try {
         if (mode == kRenderModeShadow)
             return std::make_unique<ShadowRenderer>(context);
+        if (mode == kRenderModePhoto && context.settings.enableGPUrt == 0)
+            return std::make_unique<DeferredRenderer>(context);
         if (mode == kRenderModeDrawing)
             return std::make_unique<FixedRenderer>(context);
         if (mode == kRenderModeEdges)
@@ -151,6 +154,9 @@ Renderer* selectRenderer(RenderContext& context, SCENE& scene, uint32_t drawFlag
     case kRenderModeShadow:
         setPhotoFields(*selected, scene, drawFlags);
         selected->useLighting = 1;
+        break;
+    case kRenderModePhoto:
+        setPhotoFields(*selected, scene, drawFlags);
         break;
     case kRenderModeDrawing:
         setDrawingFields(*selected, scene);

@@ -4,7 +4,6 @@
 
 #include "gpu/gl_debug.h"
 #include "gpu/screen_quad.h"
-#include "gpu/texture.h"
 
 namespace ogl {
 
@@ -61,10 +60,7 @@ void CompositePass::bindInputs() const {
     for (const int attachment : {kPlaces, kSurfaces, kColors})
         bindSurfaces(frame, attachment, attachment);
     bindLight(frame, kLightUnit, light, GL_NEAREST);
-    bindTexture(kEnvironmentUnit, TextureKind::Repeating,
-                environment.exists() ? environment.name() : 0, GL_LINEAR, 1.0f);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_MIRRORED_REPEAT);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_MIRRORED_REPEAT);
+    bindEnvironment(environment, kEnvironmentUnit);
     bindLight(frame, kSketchUnit, kSketch, GL_NEAREST);
 }
 

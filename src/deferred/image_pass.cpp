@@ -21,6 +21,13 @@ void bindEdges(const FrameView& frame, int unit) {
                 1.0f);
 }
 
+void bindEnvironment(const GLTexture& environment, int unit) {
+    bindTexture(unit, TextureKind::Repeating, environment.exists() ? environment.name() : 0,
+                GL_LINEAR, 1.0f);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_MIRRORED_REPEAT);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_MIRRORED_REPEAT);
+}
+
 void setPixelSize(const ShaderProgram& program, const FrameView& frame) {
     program.setVec2("rcpFrame", 1.0f / static_cast<float>(frame.width),
                     1.0f / static_cast<float>(frame.height));

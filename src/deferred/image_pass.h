@@ -28,6 +28,10 @@ void bindSurfaces(const FrameView& frame, int unit, int attachment);
 void bindLight(const FrameView& frame, int unit, int attachment, int filter);
 void bindEdges(const FrameView& frame, int unit);
 
+/// Binds the environment that surfaces reflect; none when it does not exist: reflections are black
+/// then.
+void bindEnvironment(const GLTexture& environment, int unit);
+
 /// Tells the program in use the size of a pixel in texture coordinates, "rcpFrame".
 void setPixelSize(const ShaderProgram& program, const FrameView& frame);
 

@@ -7,9 +7,11 @@
 
 namespace ogl {
 
-GLTexture createBackgroundTexture(const std::string& texturesFolder) {
+namespace {
+
+GLTexture createFileTexture(const std::string& path) {
     Image image;
-    if (!loadTga((texturesFolder + "\\background.tga").c_str(), image))
+    if (!loadTga(path.c_str(), image))
         return {};
     unsigned format = GL_LUMINANCE;
     if (image.format == ImageFormat::Rgb8)
@@ -20,6 +22,16 @@ GLTexture createBackgroundTexture(const std::string& texturesFolder) {
                                         image.pixels.data());
     resetTextureUnit(0);
     return texture;
+}
+
+} // namespace
+
+GLTexture createBackgroundTexture(const std::string& texturesFolder) {
+    return createFileTexture(texturesFolder + "\\background.tga");
+}
+
+GLTexture createEnvironmentTexture(const std::string& texturesFolder) {
+    return createFileTexture(texturesFolder + "\\environment.tga");
 }
 
 } // namespace ogl

@@ -12,4 +12,7 @@ namespace ogl {
 /// has no colours.
 GLTexture createBackgroundTexture(const std::string& texturesFolder);
 
+/// The same of "environment.tga", which surfaces reflect.
+GLTexture createEnvironmentTexture(const std::string& texturesFolder);
+
 } // namespace ogl

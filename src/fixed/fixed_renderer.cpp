@@ -19,9 +19,6 @@ namespace {
 
 constexpr float kBaseLineWidth = 0.6f;
 
-/// The bounds of a drawing always hold this cube.
-constexpr Box kUnitCube{{-1.0f, -1.0f, -1.0f}, {1.0f, 1.0f, 1.0f}};
-
 } // namespace
 
 FixedRenderer::FixedRenderer(RenderContext& creator) : Renderer(creator) {

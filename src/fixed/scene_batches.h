@@ -14,6 +14,9 @@ namespace ogl {
 
 class Renderer;
 
+/// What the bounds of drawings and photos always hold.
+inline constexpr Box kUnitCube{{-1.0f, -1.0f, -1.0f}, {1.0f, 1.0f, 1.0f}};
+
 /// What a renderer draws of a scene: its edges and silhouettes, which it holds itself, and the
 /// surfaces, which live in the host's object cache. Built when the scene changes, not per frame.
 class SceneBatches {

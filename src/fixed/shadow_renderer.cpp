@@ -19,6 +19,8 @@
 #include "gpu/gl_debug.h"
 #include "render/render_context.h"
 
+#include <utility>
+
 namespace ogl {
 
 namespace {
@@ -46,6 +48,13 @@ int ShadowRenderer::clearBackground() {
 }
 
 int ShadowRenderer::createResources() {
+    createSharedResources();
+    initProgramSources(programSources_);
+    buildObjectProgram((drawFlags & kDrawShadows) != 0 ? kObjShaderShadow : kObjShader);
+    return 0;
+}
+
+void ShadowRenderer::createSharedResources() {
     if (!backgroundTexture.exists())
         backgroundTexture = createBackgroundTexture(settings->texturesDir);
     if (quadric == nullptr)
@@ -56,14 +65,11 @@ int ShadowRenderer::createResources() {
         jitterTexture_ = createJitterTexture();
     for (unsigned k = 0; k < kShadowSampleCount; ++k)
         shadowSamples_[k] = hammersley(k);
-    initProgramSources(programSources_);
-    buildObjectProgram((drawFlags & kDrawShadows) != 0 ? kObjShaderShadow : kObjShader);
     if (shadowTarget_ == nullptr) {
         shadowTarget_ = std::make_unique<RenderTarget>(&targetBlocks[0]);
         shadowTarget_->create(shadowTargetLayout());
     }
     batches_.release();
-    return 0;
 }
 
 void ShadowRenderer::releaseResources() {
@@ -138,9 +144,12 @@ void ShadowRenderer::noticeChanges() {
     const bool marked = (scene->geometry.flags & kGeometryShadowsChanged) != 0;
     if (marked)
         scene->geometry.flags = scene->geometry.flags & ~kGeometryShadowsChanged;
-    shadowsDirty_ =
-        shadowsDirty_ || marked || sizeChanged != 0 || builtGeneration_ != batches_.generation();
-    builtGeneration_ = batches_.generation();
+    const bool otherMeshes = takeNewGeneration();
+    shadowsDirty_ = shadowsDirty_ || marked || sizeChanged != 0 || otherMeshes;
+}
+
+bool ShadowRenderer::takeNewGeneration() {
+    return std::exchange(builtGeneration_, batches_.generation()) != batches_.generation();
 }
 
 void ShadowRenderer::prepareProgram(bool shadows) {

@@ -42,6 +42,10 @@ class ShadowRenderer : public Renderer {
     virtual void setMaterialColor(const MATERIAL& material, int sharedSlot, int textured);
 
   protected:
+    /// What this renderer and those derived from it need, but for programs.
+    void createSharedResources();
+    /// True when the batches were built, or others are drawn, since it was asked last.
+    bool takeNewGeneration();
     /// Makes the object program in the variant kObjShader or kObjShaderShadow unless it is there;
     /// true when it was made. A program that does not link is none.
     bool buildObjectProgram(ProgramIndex variant);

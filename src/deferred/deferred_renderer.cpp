@@ -1,0 +1,146 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#include "deferred/deferred_renderer.h"
+
+#include "deferred/frame_passes.h"
+#include "deferred/scene_sun.h"
+#include "deferred/seed_directions.h"
+#include "fixed/background_texture.h"
+#include "fixed/bitmap_frame.h"
+#include "fixed/frame_overlays.h"
+#include "gpu/gl_debug.h"
+#include "gpu/gl_state.h"
+#include "render/render_context.h"
+#include "scene/record_views.h"
+
+#include <algorithm>
+
+namespace ogl {
+
+DeferredRenderer::DeferredRenderer(RenderContext& creator) : ShadowRenderer(creator) {
+    kind = kDeferredRenderer;
+}
+
+DeferredRenderer::~DeferredRenderer() = default;
+
+int DeferredRenderer::clearBackground() {
+    return Renderer::clearBackground();
+}
+
+int DeferredRenderer::createResources() {
+    createSharedResources();
+    if (!environment_.exists())
+        environment_ = createEnvironmentTexture(settings->texturesDir);
+    if (!seeds_.exists())
+        seeds_ = createSeedTexture();
+    programs_.build(kObjShader, *errorLog);
+    turnColorClampingOff();
+    GLint most = 1;
+    glGetIntegerv(GL_MAX_COLOR_TEXTURE_SAMPLES, &most);
+    samples_ = static_cast<int>(std::min(static_cast<float>(most), settings->photoSamples.value));
+    return 0;
+}
+
+void DeferredRenderer::releaseResources() {
+    programs_.release();
+    frameSets_ = {};
+    environment_.reset();
+    seeds_.reset();
+    lights_.clear();
+    ShadowRenderer::releaseResources();
+}
+
+int DeferredRenderer::drawToWindow(const GLSurface& surface) {
+    if (scene == nullptr)
+        return 1;
+    deleteReleasedObjects();
+    noticeChanges(batches_.refresh(*this, kUnitCube));
+    if (objectCount == 0 || width < 1 || height < 1)
+        return 1;
+    updateLights();
+    drawFrame(surface.isSecondary == 1 ? 1 : 0, width, height, settings->useFXAA == 1);
+    drawFrameOverlays(*this, surface);
+    drawFlags &= ~kDrawOnce;
+    return 1;
+}
+
+int DeferredRenderer::drawToBitmap(HBITMAP bitmap) {
+    const BitmapTarget target = bitmapTarget(bitmap);
+    if (scene == nullptr || !target.isValid() || width < 1 || height < 1)
+        return 1;
+    deleteReleasedObjects();
+    const VIEW* view = viewOf(*scene);
+    if (view != nullptr && view->previewMode != 0)
+        batches_.refreshForBitmap(*this, kUnitCube);
+    else
+        batches_.rebuildAll(*this, kUnitCube);
+    shadowsDirty_ = true;
+    rebuildLights();
+    updateLights();
+    const bool single = target.width == width && target.height == height;
+    const int side = std::min(width, height);
+    drawFrameToBitmap(*this, bitmap,
+                      [&] {
+                          drawFrame(0, single ? width : side, single ? height : side,
+                                    single && settings->useFXAA == 1);
+                      },
+                      {.screenSpacePasses = true});
+    return 1;
+}
+
+/// Collects what makes the lights and their shadow maps out of date.
+void DeferredRenderer::noticeChanges(bool rebuilt) {
+    const uint32_t flags = scene->geometry.flags;
+    const bool lightsChanged = (flags & kGeometryLightsChanged) != 0;
+    scene->geometry.flags = flags & ~(kGeometryShadowsChanged | kGeometryLightsChanged);
+    const bool marked = (flags & kGeometryShadowsChanged) != 0;
+    const bool otherMeshes = takeNewGeneration();
+    shadowsDirty_ = shadowsDirty_ || marked || otherMeshes;
+    if (rebuilt || lightsChanged)
+        rebuildLights();
+}
+
+void DeferredRenderer::rebuildLights() {
+    buildPortals();
+    lights_ = lightsOf(*scene, portals_);
+    shadowsDirty_ = true;
+}
+
+void DeferredRenderer::updateLights() {
+    if (updateSun(sunLight_, *scene, sceneBounds, *errorLog))
+        shadowsDirty_ = true;
+    if ((drawFlags & kDrawShadows) != 0)
+        renderShadowMaps();
+}
+
+void DeferredRenderer::renderShadowMaps() {
+    if (!shadowsDirty_)
+        return;
+    const auto render = [this](Light& light) {
+        renderShadowMap(static_cast<ShadowLight&>(light));
+        ++shadowMapsDrawn_;
+    };
+    if (sunLight_ != nullptr)
+        render(*sunLight_);
+    for (const auto& light : lights_)
+        if (light->castsShadow != 0)
+            render(*light);
+    shadowsDirty_ = false;
+}
+
+void DeferredRenderer::drawFrame(int set, int frameWidth, int frameHeight, bool fxaa) {
+    FrameTargetSet& targets = frameSets_[static_cast<size_t>(set)];
+    targets.ensure(frameWidth, frameHeight, &targetBlocks[static_cast<size_t>(set)], samples_);
+    clearBackground();
+    camera.apply();
+    const FrameView frame{targets, frameWidth, frameHeight, std::max(targets.gBuffer->samples(), 1),
+                          camera.position};
+    const FrameLights lights{sunLight_.get(),
+                             lights_,
+                             {(drawFlags & kDrawShadows) != 0, jitterTexture_, shadowSamples_}};
+    FramePasses{*this,        batches_.meshes(),     programs_, frame, lights, seeds_,
+                environment_, [this] { drawSky(); }, fxaa}
+        .draw();
+}
+
+} // namespace ogl

@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "deferred/deferred_programs.h"
+#include "deferred/light_list.h"
+#include "fixed/shadow_renderer.h"
+#include "gpu/frame_target_set.h"
+
+#include <array>
+
+namespace ogl {
+
+struct FrameView;
+
+/// The photo renderer: opaque surfaces once into a G-buffer, then light by light in image space,
+/// the tone curve, and translucent surfaces over it.
+class DeferredRenderer : public ShadowRenderer {
+  public:
+    explicit DeferredRenderer(RenderContext& creator);
+    ~DeferredRenderer() override;
+
+    /// The scene's background colour, grey when the drawing flags ask for grey.
+    int clearBackground() override;
+    int createResources() override;
+    void releaseResources() override;
+    /// Leaves the framebuffer as it is when the scene has no objects.
+    int drawToWindow(const GLSurface& surface) override;
+    /// In square tiles of the view's shorter side, each with a wide border for what the passes see
+    /// around a pixel, when the bitmap has another size than the view.
+    int drawToBitmap(HBITMAP bitmap) override;
+
+    /// Shadow maps drawn since the renderer was made.
+    int shadowMapsDrawn() const { return shadowMapsDrawn_; }
+
+  private:
+    void noticeChanges(bool rebuilt);
+    void rebuildLights();
+    void renderShadowMaps();
+    void updateLights();
+    void drawFrame(int set, int frameWidth, int frameHeight, bool fxaa);
+
+    DeferredPrograms programs_;
+    std::array<FrameTargetSet, 2> frameSets_; ///< of the view's first and second window
+    GLTexture environment_;
+    GLTexture seeds_;
+    LightList lights_;
+    int samples_ = 1; ///< of the G-buffer, as the settings ask
+    int shadowMapsDrawn_ = 0;
+};
+
+} // namespace ogl

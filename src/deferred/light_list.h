@@ -1,0 +1,21 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "fixed/portals.h"
+#include "ogl/host_records.h"
+#include "render/light.h"
+
+#include <span>
+#include <vector>
+
+namespace ogl {
+
+using LightList = std::vector<std::unique_ptr<Light>>;
+
+/// The lamps of a scene, then a light for each portal. Of the scene's light records the first two
+/// are no lamps, and kinds but spot and point lights are none; a record that describes no light (no
+/// number in it, a cone outside 0 .. 90 degrees, a target at its place) is left out.
+LightList lightsOf(const SCENE& scene, std::span<const PortalRecord> portals);
+
+} // namespace ogl
