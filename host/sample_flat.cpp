@@ -90,7 +90,6 @@ SampleScene makeSampleFlat() {
     sketch.enabled = false;
     builder.setSketchStyle(sketch);
     PhotoStyle photo;
-    photo.interior = true;
     photo.portalIntensity = 500;
     builder.setPhotoStyle(photo);
     sample.views = flatViews(roof);

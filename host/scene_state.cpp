@@ -127,6 +127,8 @@ void writePhotoStyle(SCENE& scene, const PhotoStyle& style) {
     flags = withBit(flags, kLightSunAndPortals, style.sunAndPortals);
     flags = withBit(flags, kLightMonochrome, style.monochrome);
     flags = withBit(flags, kLightBackgroundColor, style.useBackgroundColor);
+    if (((flags ^ scene.lightFlags) & kLightInterior) != 0)
+        scene.geometry.flags = scene.geometry.flags | kGeometryShadowsChanged;
     scene.lightFlags = flags;
 }
 

@@ -3,6 +3,7 @@
 #include "oglview/command_line.h"
 
 #include "oglview/antialias.h"
+#include "oglview/style_options.h"
 #include "oglview/system.h"
 #include "oglview/user_error.h"
 
@@ -24,9 +25,6 @@ constexpr const char* kDescription =
     "OFF,\n"
     "AMF and 3MF files have z up, all others y. --unit and --up say otherwise.";
 
-/// Mode 7 by way of a file.
-constexpr const char* kFileMode = "file";
-
 /// What the options are read into before they are understood.
 struct Texts {
     std::string unit;
@@ -36,53 +34,27 @@ struct Texts {
     std::string cameraUp;
     std::string camera;
     std::string zoomWindow;
-    std::string mode = "drawing";
     std::string background;
-    std::string sun;
-    std::string surfaces = "color";
     std::string size;
-    std::string date;
-    std::string time;
+    std::string from;
+    std::string to;
     double fieldOfView = 0.0;
-    int lineWeight = 0;
-    int edgeOpacity = 0;
 };
 
 struct Parsed {
     Texts texts;
     ModelOptions model;
     ViewOptions view;
-    StyleOptions style;
-    LibraryOptions library;
+    StyleTexts style;
     std::string output;
-    bool noShadows = false;
-    int antialias = RenderOptions{}.antialias;
+    int antialias = 0;
+    int step = StudyOptions{}.stepMinutes;
     bool listObjects = false;
     int pickX = 0;
     int pickY = 0;
     bool json = false;
-    SunOptions sun;
+    MomentTexts moment;
 };
-
-void addSunOptions(CLI::App& command, Parsed& parsed) {
-    command.add_option("--date", parsed.texts.date, "Day, as 2025-06-21")
-        ->type_name("YYYY-MM-DD")
-        ->required();
-    command.add_option("--time", parsed.texts.time, "Time of day, universal time")
-        ->type_name("HH:MM")
-        ->required();
-    command.add_option("--lat", parsed.sun.latitude, "Latitude, degrees, north positive")
-        ->type_name("DEGREES")
-        ->required();
-    command.add_option("--lon", parsed.sun.longitude, "Longitude, degrees, east positive")
-        ->type_name("DEGREES")
-        ->required();
-    command
-        .add_option("--north", parsed.sun.north,
-                    "Direction of north in the model, from +x towards +y (90)")
-        ->type_name("DEGREES");
-    command.add_flag("--json", parsed.json, "Print one JSON object");
-}
 
 void addModelOptions(CLI::App& command, Parsed& parsed) {
     command.add_option("MODEL", parsed.model.model, "Model file, or flat")->required();
@@ -132,33 +104,26 @@ void addViewOptions(CLI::App& command, Parsed& parsed) {
         ->type_name("X,Y,W,H");
 }
 
-void addStyleOptions(CLI::App& command, Parsed& parsed) {
+void addStudyOptions(CLI::App& command, Parsed& parsed) {
+    addModelOptions(command, parsed);
     command
-        .add_option("--mode", parsed.texts.mode,
-                    "drawing (default), edges or shadow; render also takes file: what the library "
-                    "draws into files, lit without shadows")
-        ->type_name("NAME");
+        .add_option(
+            "-o,--output", parsed.output,
+            "Pictures to write, .png or .bmp; study.png makes study-01.png, study-02.png ...")
+        ->type_name("FILE")
+        ->required();
+    parsed.style.moment.addTo(command, true, false);
+    command.add_option("--from", parsed.texts.from, "First time of day, universal time")
+        ->type_name("HH:MM")
+        ->required();
+    command.add_option("--to", parsed.texts.to, "Last time of day")->type_name("HH:MM")->required();
+    command.add_option("--step", parsed.step, "Minutes from picture to picture (60)")
+        ->type_name("MINUTES");
+    command.add_option("--size", parsed.texts.size, "Size in pixels (1280x800)")->type_name("WxH");
+    addViewOptions(command, parsed);
+    parsed.style.addPhotoTo(command);
     command
-        .add_option("--sun", parsed.texts.sun,
-                    "Where the sun stands, in degrees: counter-clockwise from +x seen from above, "
-                    "and above the horizon (230,42)")
-        ->type_name("AZIMUTH,ELEVATION");
-    command.add_flag("--no-shadows", parsed.noShadows, "Light without shadows in shadow mode");
-    command
-        .add_option("--surfaces", parsed.texts.surfaces,
-                    "color (default), grey or white, in shadow mode")
-        ->type_name("LOOK");
-    command.add_flag("--hidden-edges", parsed.style.hiddenEdges, "Draw hidden edges dashed");
-    command.add_flag("--round-ends", parsed.style.roundEnds, "Mark the ends of edges");
-    command.add_option("--line-weight", parsed.texts.lineWeight, "Weight of the edges, 0 to 100")
-        ->type_name("N");
-    command.add_option("--edge-opacity", parsed.texts.edgeOpacity, "0 to 100 percent")
-        ->type_name("P");
-    command.add_option("--background", parsed.texts.background, "Background")->type_name("RRGGBB");
-    command.add_option("--samples", parsed.library.samples, "Samples per pixel, 1 to 16 (8)")
-        ->type_name("N");
-    command
-        .add_option("--ini", parsed.library.iniPath,
+        .add_option("--ini", parsed.style.library.iniPath,
                     "Configuration of the library; its log is written beside it")
         ->type_name("PATH");
 }
@@ -174,15 +139,6 @@ void addExportOptions(CLI::App& command, Parsed& parsed) {
     addViewOptions(command, parsed);
     command.add_option("--background", parsed.texts.background, "Background of the page")
         ->type_name("RRGGBB");
-}
-
-template <class T> void checkRange(const char* name, T value, T low, T high) {
-    if (value >= low && value <= high)
-        return;
-    char text[96];
-    std::snprintf(text, sizeof text, "%s takes %g to %g", name, static_cast<double>(low),
-                  static_cast<double>(high));
-    throw UserError(text);
 }
 
 void understandModel(const CLI::App& command, Parsed& parsed) {
@@ -230,45 +186,6 @@ void understandView(const CLI::App& command, Parsed& parsed) {
     }
 }
 
-SurfaceLook parseSurfaces(const std::string& name) {
-    if (name == "color")
-        return SurfaceLook::Colored;
-    if (name == "grey")
-        return SurfaceLook::Grey;
-    if (name == "white")
-        return SurfaceLook::White;
-    throw UserError("--surfaces takes color, grey or white");
-}
-
-void understandLight(const CLI::App& command, Parsed& parsed) {
-    parsed.style.shadows = !parsed.noShadows;
-    parsed.style.surfaces = parseSurfaces(parsed.texts.surfaces);
-    if (command.count("--sun") == 0)
-        return;
-    const std::vector<double> n = parseNumbers(parsed.texts.sun, 2, "--sun");
-    checkRange("the sun's azimuth", n[0], -360.0, 360.0);
-    checkRange("the sun's elevation", n[1], -90.0, 90.0);
-    parsed.style.sun = {n[0], n[1]};
-}
-
-void understandStyle(const CLI::App& command, Parsed& parsed) {
-    const Texts& texts = parsed.texts;
-    parsed.style.mode = texts.mode == kFileMode ? ogl::kRenderModeShadow : parseMode(texts.mode);
-    parsed.style.throughFile = texts.mode == kFileMode;
-    understandLight(command, parsed);
-    if (command.count("--line-weight") != 0) {
-        checkRange("--line-weight", texts.lineWeight, 0, 100);
-        parsed.style.lineWeight = texts.lineWeight;
-    }
-    if (command.count("--edge-opacity") != 0) {
-        checkRange("--edge-opacity", texts.edgeOpacity, 0, 100);
-        parsed.style.edgeOpacityPercent = texts.edgeOpacity;
-    }
-    if (command.count("--background") != 0)
-        parsed.style.background = parseColor(texts.background);
-    checkRange("--samples", parsed.library.samples, 1, 16);
-}
-
 ExportOptions exportOptions(const CLI::App& command, const Parsed& parsed) {
     ExportOptions options;
     options.model = parsed.model;
@@ -281,14 +198,24 @@ ExportOptions exportOptions(const CLI::App& command, const Parsed& parsed) {
     return options;
 }
 
-SunOptions understandSun(const Parsed& parsed) {
-    SunOptions options = parsed.sun;
-    options.day = parseDay(parsed.texts.date);
-    options.minutes = parseTimeOfDay(parsed.texts.time);
-    checkRange("--lat", options.latitude, -90.0, 90.0);
-    checkRange("--lon", options.longitude, -180.0, 180.0);
-    checkRange("--north", options.north, -360.0, 360.0);
-    options.json = parsed.json;
+StudyOptions studyOptions(const CLI::App& command, Parsed& parsed) {
+    parsed.style.mode = "photo";
+    parsed.style.understandPictures(command);
+    StudyOptions options;
+    options.model = parsed.model;
+    options.view = parsed.view;
+    options.style = parsed.style.style;
+    options.style.sunMoment = parsed.style.moment.understand();
+    options.library = parsed.style.library;
+    options.output = parsed.output;
+    if (command.count("--size") != 0)
+        options.size = parseSize(parsed.texts.size);
+    options.fromMinutes = parseTimeOfDay(parsed.texts.from);
+    options.toMinutes = parseTimeOfDay(parsed.texts.to);
+    if (options.toMinutes < options.fromMinutes)
+        throw UserError("--to is earlier than --from");
+    checkRange("--step", parsed.step, 1, 1440);
+    options.stepMinutes = parsed.step;
     return options;
 }
 
@@ -326,17 +253,19 @@ Request readCommandLine(int argc, const char* const* argv) {
     render.add_option("--size", parsed.texts.size, "Size in pixels (1600x1200)")->type_name("WxH");
     render
         .add_option("--antialias", parsed.antialias,
-                    "Draw N times as large and average, 1 to 4 (2)")
+                    "Draw N times as large and average, 1 to 4 (2; in photo mode 1)")
         ->type_name("N");
     addViewOptions(render, parsed);
-    addStyleOptions(render, parsed);
+    parsed.style.addTo(render);
+    parsed.style.addPhotoTo(render);
 
     CLI::App& show = *app.add_subcommand("show", "Show a model in a window to move around in");
     addModelOptions(show, parsed);
     show.add_option("--size", parsed.texts.size, "Size of the window in pixels (1280x800)")
         ->type_name("WxH");
     addViewOptions(show, parsed);
-    addStyleOptions(show, parsed);
+    parsed.style.addTo(show);
+    parsed.style.addPhotoTo(show);
 
     CLI::App& exported = *app.add_subcommand("export", "Write a model as a page for web browsers");
     addExportOptions(exported, parsed);
@@ -362,7 +291,11 @@ Request readCommandLine(int argc, const char* const* argv) {
     addViewOptions(pick, parsed);
 
     CLI::App& sun = *app.add_subcommand("sun", "Tell where the sun stands");
-    addSunOptions(sun, parsed);
+    parsed.moment.addTo(sun, true, true);
+    sun.add_flag("--json", parsed.json, "Print one JSON object");
+
+    CLI::App& study = *app.add_subcommand("sunstudy", "Draw the hours of a day, a picture each");
+    addStudyOptions(study, parsed);
 
     if (parse(app, argc, argv))
         return NothingToDo{};
@@ -372,7 +305,7 @@ Request readCommandLine(int argc, const char* const* argv) {
         return serving;
     }
     if (&command == &sun)
-        return understandSun(parsed);
+        return SunOptions{parsed.moment.understand(), parsed.json};
     understandModel(command, parsed);
     if (&command == &info)
         return InfoOptions{parsed.model, parsed.listObjects};
@@ -388,20 +321,25 @@ Request readCommandLine(int argc, const char* const* argv) {
         options.json = parsed.json;
         return options;
     }
-    understandStyle(command, parsed);
+    if (&command == &study)
+        return studyOptions(command, parsed);
+    parsed.style.understand(command);
+    const StyleOptions& style = parsed.style.style;
     if (&command == &show) {
-        if (parsed.style.throughFile)
+        if (style.throughFile)
             throw UserError("show cannot draw into files");
-        ShowOptions options{parsed.model, parsed.view, parsed.style, parsed.library};
+        ShowOptions options{parsed.model, parsed.view, style, parsed.style.library};
         options.size = sized ? parseSize(parsed.texts.size) : options.size;
         checkRange("--size", options.size.width, 1, kLargestWindowSide);
         checkRange("--size", options.size.height, 1, kLargestWindowSide);
         return options;
     }
-    RenderOptions options{parsed.model, parsed.view, parsed.style, parsed.library, parsed.output};
+    RenderOptions options{parsed.model, parsed.view, style, parsed.style.library, parsed.output};
     options.size = sized ? parseSize(parsed.texts.size) : options.size;
-    checkRange("--antialias", parsed.antialias, 1, kLargestFactor);
-    options.antialias = parsed.antialias;
+    if (command.count("--antialias") != 0) {
+        checkRange("--antialias", parsed.antialias, 1, kLargestFactor);
+        options.antialias = parsed.antialias;
+    }
     return options;
 }
 

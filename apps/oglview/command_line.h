@@ -12,7 +12,7 @@ namespace oglview {
 struct NothingToDo {};
 
 using Request = std::variant<NothingToDo, RenderOptions, ShowOptions, PickOptions, ExportOptions,
-                             ServeOptions, SunOptions, InfoOptions>;
+                             ServeOptions, SunOptions, InfoOptions, StudyOptions>;
 
 /// Reads the command line. Prints help or version to standard output when asked to. Throws
 /// UserError for a command line that it cannot take.

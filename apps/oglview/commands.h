@@ -14,6 +14,7 @@ int showCommand(const std::string& program, const ShowOptions& options);
 int exportCommand(const std::string& program, const ExportOptions& options);
 int serveCommand(const ServeOptions& options);
 int infoCommand(const std::string& program, const InfoOptions& options);
+int sunStudyCommand(const std::string& program, const StudyOptions& options);
 int sunCommand(const SunOptions& options);
 int pickCommand(const std::string& program, const PickOptions& options);
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "oglview/drawing_view.h"
 
+#include "oglview/sky_textures.h"
 #include "oglview/user_error.h"
 
 #include <algorithm>
@@ -66,7 +67,11 @@ class DrawingView::Folder {
         }
         own_ = newTemporaryFolder();
         ini_ = own_ / "space.ini";
-        std::ofstream(ini_) << "[OpenGL]\nnumAASamplesDrawing=" << options.samples << "\n";
+        std::ofstream(ini_) << "[OpenGL]\nnumAASamplesDrawing=" << options.samples
+                            << "\nnumAASamplesPhoto=" << options.photoSamples
+                            << "\nuseFXAA=" << (options.fxaa ? 1 : 0)
+                            << "\n[Veldra]\nTexturesDir=" << libraryPath(own_) << "\n";
+        writeSkyTextures(own_.string());
     }
     ~Folder() {
         std::error_code ignored;

@@ -13,7 +13,10 @@ namespace oglview {
 /// How the library is configured.
 struct LibraryOptions {
     std::string iniPath; ///< the user's "space.ini"; empty = one made for this run
-    int samples = 8;     ///< per pixel, for the one made here
+    // For the one made here:
+    int samples = 8;      ///< per pixel of windows
+    int photoSamples = 4; ///< per pixel in photo mode
+    bool fxaa = false;    ///< smooth what photo mode has drawn
 };
 
 /// A view of the library (what d3_Create returns) and the folder of its configuration and log.

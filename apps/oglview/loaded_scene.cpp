@@ -30,6 +30,7 @@ LoadedScene loadSample() {
     return {.name = sample.name,
             .builder = std::move(sample.builder),
             .views = std::move(sample.views),
+            .hasPortals = true,
             .format = {},
             .lengthUnit = {},
             .moved = {},

@@ -16,6 +16,7 @@ struct LoadedScene {
     std::string name;                        ///< of the sample, or the file's name
     ogl::host::SceneBuilder builder;         ///< built
     std::vector<ogl::host::NamedView> views; ///< the sample's own; the first is its default
+    bool hasPortals = false;                 ///< windows let light and sky in
     double scale = 1.0;                      ///< model metres times this = scene units
     std::string format;                      ///< of the file; empty for samples
     std::string lengthUnit;                  ///< of the file; empty for samples

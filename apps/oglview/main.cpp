@@ -41,6 +41,8 @@ int runRequest(const oglview::Request& request) {
         return oglview::infoCommand(program, *info);
     if (const auto* sun = std::get_if<oglview::SunOptions>(&request))
         return oglview::sunCommand(*sun);
+    if (const auto* study = std::get_if<oglview::StudyOptions>(&request))
+        return oglview::sunStudyCommand(program, *study);
     if (const auto* pick = std::get_if<oglview::PickOptions>(&request))
         return oglview::pickCommand(program, *pick);
     return 0;

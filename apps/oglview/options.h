@@ -44,11 +44,34 @@ struct SunPosition {
 /// What surfaces look like in shadow mode.
 enum class SurfaceLook { Colored, Grey, White };
 
+/// A day, a time of day and a place.
+struct DayAndPlace {
+    CalendarDay day;
+    int minutes = 0;        ///< of the day, universal time
+    double latitude = 0.0;  ///< degrees, north positive
+    double longitude = 0.0; ///< degrees, east positive
+    double north = 90.0;    ///< direction of north in the model, degrees; 90 = +y
+};
+
+/// Light and tone of photo mode. What is not given is chosen.
+struct PhotoLook {
+    std::optional<double> exposure;
+    std::optional<double> gamma;
+    std::optional<double> saturation;
+    std::optional<int> ambientPercent;
+    std::optional<int> occlusionPercent;
+    std::optional<int> sketchPercent; ///< none = no sketch edges
+    bool monochrome = false;
+    std::optional<bool> interior; ///< sunlight through the windows alone
+};
+
 /// How it is drawn.
 struct StyleOptions {
     int32_t mode = ogl::kRenderModeDrawing;
     SunPosition sun;
-    bool shadows = true; ///< in shadow mode
+    std::optional<DayAndPlace> sunMoment; ///< where `sun` comes from
+    PhotoLook photo;
+    bool shadows = true; ///< in shadow and photo mode
     SurfaceLook surfaces = SurfaceLook::Colored;
     bool throughFile = false; ///< the library draws into a file, which is read and written anew
     bool hiddenEdges = false;
@@ -65,7 +88,20 @@ struct RenderOptions {
     LibraryOptions library;
     std::string output;
     Size size{1600, 1200};
-    int antialias = 2; ///< drawn so many times larger and averaged
+    std::optional<int> antialias{}; ///< drawn so many times larger and averaged
+};
+
+/// The pictures of a day.
+struct StudyOptions {
+    ModelOptions model;
+    ViewOptions view;
+    StyleOptions style; ///< with the day and the place
+    LibraryOptions library;
+    std::string output; ///< numbers are put before its extension
+    Size size{1280, 800};
+    int fromMinutes = 0; ///< of the day, universal time
+    int toMinutes = 0;
+    int stepMinutes = 60;
 };
 
 struct ShowOptions {
@@ -98,13 +134,8 @@ struct ServeOptions {
     int port = 8000; ///< 0 = any that is free
 };
 
-/// A day, a time of day and a place.
 struct SunOptions {
-    CalendarDay day;
-    int minutes = 0;        ///< of the day, universal time
-    double latitude = 0.0;  ///< degrees, north positive
-    double longitude = 0.0; ///< degrees, east positive
-    double north = 90.0;    ///< direction of north in the model, degrees; 90 = +y
+    DayAndPlace moment;
     bool json = false;
 };
 

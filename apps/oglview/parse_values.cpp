@@ -37,7 +37,8 @@ struct ModeName {
 };
 constexpr ModeName kModes[] = {{"drawing", ogl::kRenderModeDrawing},
                                {"edges", ogl::kRenderModeEdges},
-                               {"shadow", ogl::kRenderModeShadow}};
+                               {"shadow", ogl::kRenderModeShadow},
+                               {"photo", ogl::kRenderModePhoto}};
 
 } // namespace
 

@@ -10,6 +10,7 @@ namespace oglview {
 class Progress {
   public:
     explicit Progress(bool shown) : shown_(shown) {}
+    bool shown() const { return shown_; }
     void step(const std::string& what) const;
 
   private:

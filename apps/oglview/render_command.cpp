@@ -2,16 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "oglview/antialias.h"
 #include "oglview/commands.h"
-#include "oglview/dib_section.h"
-#include "oglview/file_drawing.h"
-#include "oglview/fill_gauge.h"
-#include "oglview/loaded_scene.h"
-#include "oglview/scene_style.h"
-#include "oglview/user_error.h"
+#include "oglview/picture_drawing.h"
 #include "oglview/view_choice.h"
 
 #include <cstdio>
-#include <optional>
 #include <string>
 
 namespace oglview {
@@ -23,31 +17,26 @@ int renderCommand(const std::string& program, const RenderOptions& options) {
 
     progress.step("choosing the view");
     const double aspect = static_cast<double>(options.size.width) / options.size.height;
-    scene.builder.setCamera(chooseCamera(scene, options.view, aspect));
+    const ogl::host::Camera camera = chooseCamera(scene, options.view, aspect);
+    scene.builder.setCamera(camera);
     scene.builder.setViewWindow(options.view.zoomWindow);
 
-    const int factor = drawingFactor(options.antialias, options.size);
-    if (factor < options.antialias)
+    const int wanted =
+        options.antialias.value_or(options.style.mode == ogl::kRenderModePhoto ? 1 : 2);
+    const int factor = drawingFactor(wanted, options.size);
+    if (factor < wanted)
         scene.notes.push_back("so large a picture is smoothed less than asked for: --antialias " +
                               std::to_string(factor));
     StyleOptions style = options.style;
     style.lineWeight = widenedLineWeight(style.lineWeight, factor);
-    applyStyle(scene.builder, style);
+    completeStyle(style, scene, camera);
 
     progress.step("drawing");
     DibSection bitmap(options.size.width * factor, options.size.height * factor);
     {
         DrawingView view(nullptr, options.library);
         view.loadTextures(scene.builder);
-        std::optional<FillProgress> filling;
-        if (options.model.progress)
-            filling.emplace(progress, bitmap.pixels(), bitmap.picture().width,
-                            bitmap.picture().height);
-        const uint32_t flags = drawFlagsOf(style);
-        if (style.throughFile)
-            drawThroughFile(view, scene.builder.scene(), flags, bitmap);
-        else
-            d3_DrawInDibSection(view.get(), scene.builder.scene(), flags, bitmap.get());
+        drawPicture(view, scene, style, bitmap, progress);
         view.releaseScene(scene.builder);
     }
     progress.step("writing " + options.output);

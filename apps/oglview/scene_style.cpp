@@ -2,6 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "oglview/scene_style.h"
 
+#include "oglview/user_error.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <ctime>
+
 namespace oglview {
 
 namespace {
@@ -11,6 +18,68 @@ namespace {
 constexpr int kSunPercent = 19;
 constexpr int kFileSunPercent = 70;
 constexpr float kAmbientLight = 0.14f;
+
+// Photo mode.
+constexpr double kHighSun = 30.0; // degrees; below, the air dims and reddens the sun
+constexpr int kPhotoSunPercent = 100;
+constexpr ogl::host::Color kHighSunColor{255, 246, 232};
+constexpr ogl::host::Color kLowSunColor{255, 150, 84};
+
+uint8_t between(uint8_t from, uint8_t to, double share) {
+    return static_cast<uint8_t>(std::lround(from + (to - from) * share));
+}
+
+void dimLowSun(ogl::host::Sun& sun) {
+    const double height = std::clamp(sun.elevationDegrees / kHighSun, 0.0, 1.0);
+    const double share = std::sqrt(height);
+    sun.color = {between(kLowSunColor.red, kHighSunColor.red, share),
+                 between(kLowSunColor.green, kHighSunColor.green, share),
+                 between(kLowSunColor.blue, kHighSunColor.blue, share)};
+    sun.intensityPercent = static_cast<int>(std::lround(kPhotoSunPercent * (0.3 + 0.7 * share)));
+}
+
+/// A calendar day in the library's 32-bit count of seconds; noon, so that no summer time matters.
+uint32_t dayNumber(const CalendarDay& day) {
+    std::tm calendar{};
+    calendar.tm_year = day.year - 1900;
+    calendar.tm_mon = day.month - 1;
+    calendar.tm_mday = day.day;
+    calendar.tm_hour = 12;
+    calendar.tm_isdst = -1;
+    const auto seconds = static_cast<int64_t>(std::mktime(&calendar));
+    if (seconds < 0 || seconds > int64_t{INT32_MAX})
+        throw UserError("the sun of photo mode is known from 1970 to 2037");
+    return static_cast<uint32_t>(seconds);
+}
+
+ogl::host::PhotoStyle photoStyleOf(const StyleOptions& style) {
+    const PhotoLook& look = style.photo;
+    ogl::host::PhotoStyle photo;
+    photo.exposure = static_cast<float>(look.exposure.value_or(1.0));
+    photo.gamma = static_cast<float>(look.gamma.value_or(1.0));
+    photo.saturation = static_cast<float>(look.saturation.value_or(1.0));
+    photo.ambientPercent = look.ambientPercent.value_or(photo.ambientPercent);
+    photo.ambientOcclusionPercent = look.occlusionPercent.value_or(photo.ambientOcclusionPercent);
+    photo.monochrome = look.monochrome;
+    photo.interior = look.interior.value_or(false);
+    photo.portalIntensity = 500;
+    return photo;
+}
+
+void applyPhoto(ogl::host::SceneBuilder& builder, const StyleOptions& style) {
+    builder.setPhotoStyle(photoStyleOf(style));
+    ogl::host::SketchStyle sketch;
+    sketch.enabled = style.photo.sketchPercent.has_value();
+    sketch.strengthPercent = style.photo.sketchPercent.value_or(sketch.strengthPercent);
+    builder.setSketchStyle(sketch);
+    if (!style.sunMoment) {
+        builder.setSunDate(std::nullopt);
+        return;
+    }
+    const DayAndPlace& at = *style.sunMoment;
+    builder.setSunDate(
+        ogl::host::SunDate{dayNumber(at.day), at.minutes, at.latitude, at.longitude, at.north});
+}
 
 ogl::host::Sun sunAt(const SunPosition& position) {
     ogl::host::Sun sun;
@@ -48,6 +117,10 @@ void applyStyle(ogl::host::SceneBuilder& builder, const StyleOptions& style) {
         ogl::host::PhotoStyle light;
         light.lightAmbient = kAmbientLight;
         builder.setPhotoStyle(light);
+    }
+    if (style.mode == ogl::kRenderModePhoto) {
+        dimLowSun(sun);
+        applyPhoto(builder, style);
     }
     builder.setSun(sun);
     builder.setRenderMode(style.mode);

@@ -10,7 +10,7 @@ namespace oglview {
 /// The drawing flags that the style asks for.
 uint32_t drawFlagsOf(const StyleOptions& style);
 
-/// Sets how the scene is drawn.
+/// Sets how the scene is drawn. Throws UserError for a day that its record cannot hold.
 void applyStyle(ogl::host::SceneBuilder& builder, const StyleOptions& style);
 
 } // namespace oglview

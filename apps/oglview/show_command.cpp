@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
 #include "oglview/commands.h"
-#include "oglview/loaded_scene.h"
-#include "oglview/scene_style.h"
+#include "oglview/picture_drawing.h"
 #include "oglview/view_choice.h"
 #include "oglview/viewer_window.h"
 
@@ -21,7 +20,9 @@ int showCommand(const std::string& program, const ShowOptions& options) {
 
     std::printf("%s\n", ViewerWindow::help().c_str());
     std::fflush(stdout);
-    ViewerWindow window(options, scene, camera);
+    ShowOptions completed = options;
+    completeStyle(completed.style, scene, camera);
+    ViewerWindow window(completed, scene, camera);
     window.run();
     return 0;
 }

@@ -4,6 +4,8 @@
 
 #include "oglview/picked_objects.h"
 #include "oglview/scene_style.h"
+#include "oglview/style_keys.h"
+#include "oglview/sun_moment.h"
 #include "oglview/user_error.h"
 
 #include <algorithm>
@@ -26,10 +28,6 @@ constexpr const char* kKeys[] = {
     "WASD or arrows: walk",
     "Q, E: down, up",
     "click: select (with Ctrl: more)",
-    "1: drawing",
-    "2: edges",
-    "3: shadow",
-    "H: hidden edges",
     "F: frame rate and statistics",
     "P: paths",
     "Home: first view",
@@ -39,25 +37,17 @@ constexpr const char* kKeys[] = {
 
 std::string keyText(const char* separator) {
     std::string text;
+    const auto add = [&](const std::string& key) { text += (text.empty() ? "" : separator) + key; };
     for (const char* key : kKeys)
-        text += (text.empty() ? "" : separator) + std::string(key);
+        add(key);
+    for (const std::string& key : styleKeys())
+        add(key);
     return text;
 }
 
 double sizeOf(const LoadedScene& scene) {
     const ogl::host::Box box = scene.builder.bounds();
     return box.empty() ? 1.0 : length(box.high - box.low);
-}
-
-const char* nameOf(int32_t mode) {
-    switch (mode) {
-    case ogl::kRenderModeEdges:
-        return "edges";
-    case ogl::kRenderModeShadow:
-        return "shadow";
-    default:
-        return "drawing";
-    }
 }
 
 } // namespace
@@ -165,19 +155,6 @@ void ViewerWindow::keyDown(int key) {
         camera_.reset();
         changed_ = true;
         break;
-    case '1':
-        setMode(ogl::kRenderModeDrawing);
-        break;
-    case '2':
-        setMode(ogl::kRenderModeEdges);
-        break;
-    case '3':
-        setMode(ogl::kRenderModeShadow);
-        break;
-    case 'H':
-        style_.hiddenEdges = !style_.hiddenEdges;
-        changed_ = true;
-        break;
     case 'F':
         showStatistics_ = !showStatistics_;
         changed_ = true;
@@ -191,8 +168,18 @@ void ViewerWindow::keyDown(int key) {
         changed_ = true;
         break;
     default:
+        restyle(key);
         break;
     }
+}
+
+void ViewerWindow::restyle(int key) {
+    if (!changeStyle(key, style_))
+        return;
+    if (style_.sunMoment)
+        style_.sun = sunInModel(*style_.sunMoment);
+    changed_ = true;
+    setTitle();
 }
 
 void ViewerWindow::mouseDown(LPARAM lParam) {
@@ -236,14 +223,8 @@ void ViewerWindow::mouseMove(WPARAM wParam, LPARAM lParam) {
     changed_ = true;
 }
 
-void ViewerWindow::setMode(int32_t mode) {
-    style_.mode = mode;
-    changed_ = true;
-    setTitle();
-}
-
 void ViewerWindow::setTitle() {
-    std::string title = scene_.name + " - " + nameOf(style_.mode) + " - oglview";
+    std::string title = scene_.name + " - " + modeName(style_.mode) + " - oglview";
     if (!marks_.selected().empty()) {
         const int first = *marks_.selected().begin();
         const size_t more = marks_.selected().size() - 1;

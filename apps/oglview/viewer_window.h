@@ -41,7 +41,7 @@ class ViewerWindow {
     void mouseUp(UINT message, WPARAM wParam);
     void pointAgain();
     bool pointerLeft() const;
-    void setMode(int32_t mode);
+    void restyle(int key);
     void setTitle();
     bool walk(double seconds);
     void draw();

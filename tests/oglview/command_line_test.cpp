@@ -95,6 +95,18 @@ TEST(CommandLine, RefusesInOneLine) {
         {"render", "flat", "-o", "a.png", "--sun", "10,91"},
         {"render", "flat", "-o", "a.png", "--surfaces", "pink"},
         {"show", "flat", "--mode", "file"},
+        {"render", "flat", "-o", "a.png", "--exposure", "-1"},
+        {"render", "flat", "-o", "a.png", "--occlusion", "351"},
+        {"render", "flat", "-o", "a.png", "--sketch", "101"},
+        {"render", "flat", "-o", "a.png", "--interior", "maybe"},
+        {"render", "flat", "-o", "a.png", "--photo-samples", "17"},
+        {"render", "flat", "-o", "a.png", "--date", "2025-06-21"},
+        {"render", "flat", "-o", "a.png", "--sun", "10,20", "--date", "2025-06-21", "--time",
+         "12:00", "--lat", "0", "--lon", "0"},
+        {"sunstudy", "flat", "-o", "a.png", "--date", "2025-06-21", "--lat", "0", "--lon", "0",
+         "--from", "12:00", "--to", "11:00"},
+        {"sunstudy", "flat", "-o", "a.png", "--date", "2025-06-21", "--lat", "0", "--lon", "0",
+         "--from", "12:00", "--to", "13:00", "--step", "0"},
         {"render", "flat", "-o", "a.png", "--fov", "0"},
         {"render", "flat", "-o", "a.png", "--fov", "wide"},
         {"render", "flat", "-o", "a.png", "--eye", "1,2"},
@@ -132,7 +144,7 @@ TEST(CommandLine, RefusesInOneLine) {
 }
 
 TEST(CommandLine, EveryCommandHasHelp) {
-    for (const char* command : {"", "render", "show", "info"}) {
+    for (const char* command : {"", "render", "show", "info", "sunstudy"}) {
         ogl::test::CapturedOutput output(1);
         const Request request = *command != 0 ? read({command, "--help"}) : read({"--help"});
         const std::string text = output.stop();

@@ -308,7 +308,7 @@ TEST_F(Program, SaysInOneLineWhatIsWrong) {
     expectOneLine({"render", "flat", "-o", out, "--size", "0x0"}, "out of range");
     expectOneLine({"render", "flat", "-o", folder_.file("none/out.png")}, "there is no folder");
     expectOneLine({"render", "flat", "-o", folder_.file("out.jpg")}, ".png or .bmp");
-    expectOneLine({"render", "flat", "-o", out, "--mode", "photo"}, "no mode 'photo'");
+    expectOneLine({"render", "flat", "-o", out, "--mode", "oil"}, "no mode 'oil'");
     expectOneLine({"render", "flat", "-o", out, "--view", "attic"}, "no view 'attic'");
     expectOneLine({"render", "flat", "-o", out, "--hide", "nothing-like-it"}, "nothing-like-it");
     expectOneLine({"render", "flat", "-o", out, "--hide", "*", "--view", "plan"},

@@ -1,0 +1,18 @@
+// SPDX-FileCopyrightText: The ogl authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "oglview/options.h"
+
+namespace oglview {
+
+/// What the keys of styleKeys() do to the style. Whether `key`, a virtual key, is one of them.
+bool changeStyle(int key, StyleOptions& style);
+
+/// A line for each of the keys.
+const std::vector<std::string>& styleKeys();
+
+/// The name of a render mode, as the command line has it.
+const char* modeName(int32_t mode);
+
+} // namespace oglview
