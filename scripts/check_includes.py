@@ -13,7 +13,9 @@ import re
 import sys
 
 # From left to right; each may include itself and everything before it.
-ROOMS = ["platform", "scene", "image", "gpu", "render", "fixed", "deferred", "api"]
+ROOMS = ["platform", "scene", "image", "gpu", "render", "fixed", "deferred", "raytrace", "api"]
+# Neither of these two includes the other.
+BESIDE = {"deferred", "raytrace"}
 # What the folders outside src may include of it, besides their own files and include/ogl.
 HOST_SIDE = {"host", "apps"}
 HOST_SIDE_MAY_SEE = {"platform/memory32.h", "platform/win32.h", "scene/sun_position.h"}
@@ -49,6 +51,8 @@ def target_problem(path, bracket, target):
             return "the door to the system is platform/win32.h"
         if first in ROOMS and ROOMS.index(first) > ROOMS.index(room):
             return f"{room} may not include {first}, which lies to its right"
+        if room != first and BESIDE == {room, first}:
+            return f"{room} may not include {first}, which lies beside it"
         if first in ("host", "apps", "tests"):
             return f"the library may not include {first}"
     elif parts[0] in HOST_SIDE and first in ROOMS and target not in HOST_SIDE_MAY_SEE:
