@@ -22,5 +22,5 @@ esac
 # Versions differ in details; Debian's bookworm has 14.
 formatter=clang-format
 ! command -v clang-format-14 >/dev/null || formatter=clang-format-14
-find include src host apps tests benchmarks \( -name '*.cpp' -o -name '*.h' \) -print0 |
+find include src host apps examples tests benchmarks \( -name '*.cpp' -o -name '*.h' \) -print0 |
     xargs -0 -r "$formatter" "${mode[@]}"
