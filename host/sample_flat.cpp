@@ -26,15 +26,15 @@ Lamp spotLamp(Vec3 at, Vec3 target, float intensity) {
 }
 
 void addLights(SceneBuilder& builder) {
-    builder.addLamp(pointLamp({1.7, 2.2, 1.62}, 1.6f));
-    builder.addLamp(pointLamp({2.7, 2.2, 1.62}, 1.6f));
-    builder.addLamp(pointLamp({5.45, 2.9, 1.1}, 1.4f));
-    builder.addLamp(pointLamp({10.3, 2.75, 2.12}, 1.8f));
-    builder.addLamp(pointLamp({6.0, 7.0, 2.15}, 1.5f));
+    builder.addLamp(pointLamp({1.7, 2.2, 1.62}, 0.6f));
+    builder.addLamp(pointLamp({2.7, 2.2, 1.62}, 0.6f));
+    builder.addLamp(pointLamp({5.45, 2.9, 1.1}, 0.5f));
+    builder.addLamp(pointLamp({10.3, 2.75, 2.12}, 0.7f));
+    builder.addLamp(pointLamp({6.0, 7.0, 2.15}, 0.7f));
     for (const double x : {1.6, 2.5, 3.4})
-        builder.addLamp(spotLamp({x, 4.5, 2.55}, {x, 4.9, 0.9}, 3.0f));
-    builder.addLamp(spotLamp({10.0, 6.0, 2.55}, {10.0, 5.6, 0.9}, 3.0f));
-    builder.addLamp(spotLamp({11.3, 7.7, 2.55}, {11.7, 7.7, 0.3}, 3.0f));
+        builder.addLamp(spotLamp({x, 4.5, 2.55}, {x, 4.9, 0.9}, 1.2f));
+    builder.addLamp(spotLamp({10.0, 6.0, 2.55}, {10.0, 5.6, 0.9}, 1.2f));
+    builder.addLamp(spotLamp({11.3, 7.7, 2.55}, {11.7, 7.7, 0.3}, 1.2f));
 }
 
 std::vector<NamedView> flatViews(ObjectId roof) {

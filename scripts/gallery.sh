@@ -80,6 +80,27 @@ picture flat-grey-shadow "flat, grey surfaces" flat "${bright[@]}" --surfaces gr
 "$viewer" render "$house" -o "$out/house-file.bmp" --mode file --size 1600x1100
 printf '%s  house, as the library draws it into files\n' "$out/house-file.bmp"
 
+# The house's site, and north to +y.
+site=(--lat 52.523 --lon 13.407 --date 2025-06-21)
+photo=(--mode photo --size 1600x1000)
+picture house-photo-noon "house, photo, midday of 21 June" "$house" "${photo[@]}" "${site[@]}" \
+    --time 11:00
+picture house-photo-evening "house, photo, evening of 21 June" "$house" "${photo[@]}" "${site[@]}" \
+    --time 17:30 --fxaa
+picture flat-photo-street "flat, photo from the street" flat --view street "${photo[@]}" --sun 255,32
+picture flat-photo-living "flat, photo, sun and sky through the windows" flat --view living \
+    "${photo[@]}" --sun 255,30
+picture flat-photo-inside "flat, photo, low sun and lamps" flat --view inside "${photo[@]}" \
+    --sun 300,12
+picture flat-photo-bath "flat, photo, tiles, glass and a mirror" flat --view bath "${photo[@]}"
+picture flat-photo-sketch "flat, photo with sketched edges" flat --view inside "${photo[@]}" \
+    --sketch 70
+picture flat-photo-mono "flat, photo in one colour, sketched" flat --view bedroom "${photo[@]}" \
+    --mono --sketch 60 --surfaces white
+say "the house through a day of March"
+"$viewer" sunstudy "$house" -o "$out/house-march.png" --lat 52.523 --lon 13.407 --date 2025-03-20 \
+    --from 06:30 --to 16:30 --step 150 --size 960x600
+
 spider=/usr/share/assimp/models/OBJ/spider.obj
 picture model-textures "a model file with its pictures as textures" "$spider" --size 1200x900
 

@@ -21,7 +21,22 @@ constexpr float kAmbientLight = 0.14f;
 
 // Photo mode.
 constexpr double kHighSun = 30.0; // degrees; below, the air dims and reddens the sun
-constexpr int kPhotoSunPercent = 100;
+
+/// Light and tone where nothing else is asked for. Inside, the eye is used to less light.
+struct Daylight {
+    double sunPercent;
+    double exposure;
+    double gamma;
+    int ambientPercent;
+    int portalIntensity;
+};
+constexpr Daylight kOutside{190.0, 0.8, 1.0, 60, -20000};
+constexpr Daylight kInside{520.0, 0.42, 0.9, 50, 500};
+
+const Daylight& daylightOf(const StyleOptions& style) {
+    return style.photo.interior.value_or(false) ? kInside : kOutside;
+}
+
 constexpr ogl::host::Color kHighSunColor{255, 246, 232};
 constexpr ogl::host::Color kLowSunColor{255, 150, 84};
 
@@ -29,13 +44,17 @@ uint8_t between(uint8_t from, uint8_t to, double share) {
     return static_cast<uint8_t>(std::lround(from + (to - from) * share));
 }
 
-void dimLowSun(ogl::host::Sun& sun) {
-    const double height = std::clamp(sun.elevationDegrees / kHighSun, 0.0, 1.0);
-    const double share = std::sqrt(height);
+/// How much of a high sun's strength one at this height has.
+double sunShare(double elevationDegrees) {
+    return std::sqrt(std::clamp(elevationDegrees / kHighSun, 0.0, 1.0));
+}
+
+void dimLowSun(ogl::host::Sun& sun, double highPercent) {
+    const double share = sunShare(sun.elevationDegrees);
     sun.color = {between(kLowSunColor.red, kHighSunColor.red, share),
                  between(kLowSunColor.green, kHighSunColor.green, share),
                  between(kLowSunColor.blue, kHighSunColor.blue, share)};
-    sun.intensityPercent = static_cast<int>(std::lround(kPhotoSunPercent * (0.3 + 0.7 * share)));
+    sun.intensityPercent = static_cast<int>(std::lround(highPercent * (0.3 + 0.7 * share)));
 }
 
 /// A calendar day in the library's 32-bit count of seconds; noon, so that no summer time matters.
@@ -55,14 +74,18 @@ uint32_t dayNumber(const CalendarDay& day) {
 ogl::host::PhotoStyle photoStyleOf(const StyleOptions& style) {
     const PhotoLook& look = style.photo;
     ogl::host::PhotoStyle photo;
-    photo.exposure = static_cast<float>(look.exposure.value_or(1.0));
-    photo.gamma = static_cast<float>(look.gamma.value_or(1.0));
+    const Daylight& daylight = daylightOf(style);
+    photo.exposure = static_cast<float>(look.exposure.value_or(1.0) * daylight.exposure);
+    photo.gamma = static_cast<float>(look.gamma.value_or(1.0) * daylight.gamma);
     photo.saturation = static_cast<float>(look.saturation.value_or(1.0));
-    photo.ambientPercent = look.ambientPercent.value_or(photo.ambientPercent);
+    photo.ambientPercent = look.ambientPercent.value_or(daylight.ambientPercent);
     photo.ambientOcclusionPercent = look.occlusionPercent.value_or(photo.ambientOcclusionPercent);
     photo.monochrome = look.monochrome;
     photo.interior = look.interior.value_or(false);
-    photo.portalIntensity = 500;
+    // The sky that is seen through windows darkens to an eighth when the sun sets.
+    photo.portalIntensity =
+        daylight.portalIntensity -
+        static_cast<int>(std::lround(3000.0 * (1.0 - sunShare(style.sun.elevationDegrees))));
     return photo;
 }
 
@@ -119,7 +142,7 @@ void applyStyle(ogl::host::SceneBuilder& builder, const StyleOptions& style) {
         builder.setPhotoStyle(light);
     }
     if (style.mode == ogl::kRenderModePhoto) {
-        dimLowSun(sun);
+        dimLowSun(sun, daylightOf(style).sunPercent);
         applyPhoto(builder, style);
     }
     builder.setSun(sun);

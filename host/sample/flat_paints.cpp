@@ -21,8 +21,14 @@ Material shiny(const char* name, Color color, float reflection, float glossiness
     Material material = matt(name, color);
     material.reflection = reflection;
     material.fresnel = 0.2f;
-    material.specular = 0.6f;
+    material.specular = 0.06f;
     material.glossiness = glossiness;
+    return material;
+}
+
+Material metal(const char* name, Color color, float reflection) {
+    Material material = shiny(name, color, reflection, 0.8f);
+    material.specular = 0.3f;
     return material;
 }
 
@@ -70,8 +76,8 @@ FlatPaints::FlatPaints(SceneBuilder& b) {
     greyLacquer = plain(shiny("grey lacquer", {120, 128, 132}, 0.03f, 0.7f));
     worktop = plain(shiny("worktop", {70, 72, 74}, 0.05f, 0.8f));
 
-    steel = plain(shiny("brushed steel", {182, 186, 190}, 0.25f, 0.8f));
-    brass = plain(shiny("brass", {196, 160, 92}, 0.2f, 0.8f));
+    steel = plain(metal("brushed steel", {182, 186, 190}, 0.25f));
+    brass = plain(metal("brass", {196, 160, 92}, 0.2f));
     black = plain(shiny("black", {28, 29, 31}, 0.03f, 0.8f));
     glass = plain(glassMaterial());
     mirror = plain(shiny("mirror", {214, 222, 224}, 0.6f, 1.0f));
@@ -83,8 +89,8 @@ FlatPaints::FlatPaints(SceneBuilder& b) {
     rug = pictured(stripedRug(), matt("striped rug", {206, 190, 168}), 1.4, 1.4);
     curtain = plain(matt("curtain", {232, 228, 220}));
 
-    shade = plain(shining("lamp shade", {250, 240, 216}, 0.4f));
-    bulb = plain(shining("bulb", {255, 246, 226}, 1.0f));
+    shade = plain(shining("lamp shade", {250, 240, 216}, 4.0f));
+    bulb = plain(shining("bulb", {255, 246, 226}, 12.0f));
 
     leaf = pictured(host::leaf(), matt("leaf", {86, 132, 66}), 1.0, 1.0);
     soil = plain(matt("soil", {72, 56, 44}));
