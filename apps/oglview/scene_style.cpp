@@ -71,24 +71,6 @@ uint32_t dayNumber(const CalendarDay& day) {
     return static_cast<uint32_t>(seconds);
 }
 
-ogl::host::PhotoStyle photoStyleOf(const StyleOptions& style) {
-    const PhotoLook& look = style.photo;
-    ogl::host::PhotoStyle photo;
-    const Daylight& daylight = daylightOf(style);
-    photo.exposure = static_cast<float>(look.exposure.value_or(1.0) * daylight.exposure);
-    photo.gamma = static_cast<float>(look.gamma.value_or(1.0) * daylight.gamma);
-    photo.saturation = static_cast<float>(look.saturation.value_or(1.0));
-    photo.ambientPercent = look.ambientPercent.value_or(daylight.ambientPercent);
-    photo.ambientOcclusionPercent = look.occlusionPercent.value_or(photo.ambientOcclusionPercent);
-    photo.monochrome = look.monochrome;
-    photo.interior = look.interior.value_or(false);
-    // The sky that is seen through windows darkens to an eighth when the sun sets.
-    photo.portalIntensity =
-        daylight.portalIntensity -
-        static_cast<int>(std::lround(3000.0 * (1.0 - sunShare(style.sun.elevationDegrees))));
-    return photo;
-}
-
 void applyPhoto(ogl::host::SceneBuilder& builder, const StyleOptions& style) {
     builder.setPhotoStyle(photoStyleOf(style));
     ogl::host::SketchStyle sketch;
@@ -112,6 +94,24 @@ ogl::host::Sun sunAt(const SunPosition& position) {
 }
 
 } // namespace
+
+ogl::host::PhotoStyle photoStyleOf(const StyleOptions& style) {
+    const PhotoLook& look = style.photo;
+    ogl::host::PhotoStyle photo;
+    const Daylight& daylight = daylightOf(style);
+    photo.exposure = static_cast<float>(look.exposure.value_or(daylight.exposure));
+    photo.gamma = static_cast<float>(look.gamma.value_or(daylight.gamma));
+    photo.saturation = static_cast<float>(look.saturation.value_or(1.0));
+    photo.ambientPercent = look.ambientPercent.value_or(daylight.ambientPercent);
+    photo.ambientOcclusionPercent = look.occlusionPercent.value_or(photo.ambientOcclusionPercent);
+    photo.monochrome = look.monochrome;
+    photo.interior = look.interior.value_or(false);
+    // The sky that is seen through windows darkens to an eighth when the sun sets.
+    photo.portalIntensity =
+        daylight.portalIntensity -
+        static_cast<int>(std::lround(3000.0 * (1.0 - sunShare(style.sun.elevationDegrees))));
+    return photo;
+}
 
 uint32_t drawFlagsOf(const StyleOptions& style) {
     uint32_t flags = ogl::kDrawInlineTextures;

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "oglview/style_keys.h"
 
+#include "oglview/scene_style.h"
+
 #include <algorithm>
 
 namespace oglview {
@@ -11,8 +13,8 @@ constexpr int kSketchPercent = 60;
 constexpr int kDayMinutes = 24 * 60;
 
 /// One step of a factor of the tone curve: eight double it.
-void scale(std::optional<double>& factor, double step) {
-    factor = std::clamp(factor.value_or(1.0) * step, 0.05, 20.0);
+void scale(std::optional<double>& factor, float now, double step) {
+    factor = std::clamp(static_cast<double>(now) * step, 0.05, 20.0);
 }
 
 /// A quarter of an hour earlier or later; without a day, as far around as the earth turns in it.
@@ -65,15 +67,15 @@ bool changeStyle(int key, StyleOptions& style) {
         return true;
     case 'V':
     case 'C':
-        scale(photo.exposure, key == 'V' ? kStep : 1.0 / kStep);
+        scale(photo.exposure, photoStyleOf(style).exposure, key == 'V' ? kStep : 1.0 / kStep);
         return true;
     case 'G':
     case 'B':
-        scale(photo.gamma, key == 'G' ? kStep : 1.0 / kStep);
+        scale(photo.gamma, photoStyleOf(style).gamma, key == 'G' ? kStep : 1.0 / kStep);
         return true;
     case 'U':
     case 'Y':
-        scale(photo.saturation, key == 'U' ? kStep : 1.0 / kStep);
+        scale(photo.saturation, photoStyleOf(style).saturation, key == 'U' ? kStep : 1.0 / kStep);
         return true;
     default:
         return false;

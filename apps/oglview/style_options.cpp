@@ -149,8 +149,9 @@ void StyleTexts::addPhotoTo(CLI::App& command) {
     const auto number = [&](const char* name, auto& value, const char* what, const char* type) {
         command.add_option(name, value, what)->type_name(type)->group(group);
     };
-    number("--exposure", photo.exposure, "Brightness of the picture (1)", "F");
-    number("--gamma", photo.gamma, "Exponent of the tone curve (1); below 1 lifts the dark", "F");
+    number("--exposure", photo.exposure, "Brightness of the picture (0.8, inside 0.42)", "F");
+    number("--gamma", photo.gamma,
+           "Exponent of the tone curve (1, inside 0.9); below 1 lifts the dark", "F");
     number("--saturation", photo.saturation, "Strength of the colours (1)", "F");
     number("--ambient", photo.ambientPercent, "Light that comes from everywhere, percent", "P");
     number("--occlusion", photo.occlusionPercent, "Darkening of corners, percent, 0 to 350", "P");

@@ -34,7 +34,7 @@ TEST(ParseValues, RefusesEverythingElse) {
     for (const char* text :
          {"", "1,2", "1,2,3,4", "1,,3", "1,2,", ",1,2", "1,2,x", "1,2,nan", "1,2,inf", "1 2 3"})
         EXPECT_THROW(parsePoint(text, "--eye"), UserError) << "'" << text << "'";
-    for (const char* text : {"", "photo", "Drawing", "10"})
+    for (const char* text : {"", "oil", "Drawing", "10"})
         EXPECT_THROW(parseMode(text), UserError) << "'" << text << "'";
 }
 
