@@ -7,13 +7,13 @@
 #include "fixed/fixed_renderer.h"
 #include "fixed/shadow_renderer.h"
 #include "platform/win32.h"
+#include "raytrace/ray_trace_renderer.h"
 #include "render/process_state.h"
 #include "render/render_context.h"
 #include "render/renderer.h"
 
 #include <memory>
 #include <new>
-#include <string>
 
 namespace ogl {
 
@@ -38,22 +38,21 @@ bool drawsMode(const Renderer& renderer, int mode) {
     }
 }
 
-/// A new renderer for the mode; null when the library has none for it, or no memory.
+/// A new renderer for the mode; null when there is no memory.
 std::unique_ptr<Renderer> makeRenderer(RenderContext& context, int mode) {
     try {
         if (mode == kRenderModeShadow)
             return std::make_unique<ShadowRenderer>(context);
         if (mode == kRenderModePhoto && context.settings.enableGPUrt == 0)
             return std::make_unique<DeferredRenderer>(context);
+        if (mode == kRenderModePhoto)
+            return std::make_unique<RayTraceRenderer>(context);
         if (mode == kRenderModeDrawing)
             return std::make_unique<FixedRenderer>(context);
-        if (mode == kRenderModeEdges)
-            return std::make_unique<EdgeRenderer>(context);
+        return std::make_unique<EdgeRenderer>(context);
     } catch (const std::bad_alloc&) {
         return nullptr;
     }
-    context.errorLog.writeOnce("Error", "No renderer for mode " + std::to_string(mode), "");
-    return nullptr;
 }
 
 /// The per-call fields that modes 7 and 8 share.

@@ -27,12 +27,16 @@ void initProgramSources(ProgramSourceTable& table) {
 
 std::unique_ptr<ShaderProgram> buildProgram(const ProgramSourceTable& table, ProgramIndex index,
                                             ErrorLog& errorLog) {
-    const ProgramSource& source = table[static_cast<size_t>(index)];
+    return buildProgram(table[static_cast<size_t>(index)], index, errorLog);
+}
+
+std::unique_ptr<ShaderProgram> buildProgram(const ProgramSource& source, int variant,
+                                            ErrorLog& errorLog) {
     std::array<char, kShaderLogSize> log{};
     auto program = std::make_unique<ShaderProgram>();
     const std::string fragmentText = loadResourceText(source.fragmentResource);
     const std::string vertexText = loadResourceText(source.vertexResource);
-    if (program->build(source.name, index, vertexText, fragmentText, log) != 0)
+    if (program->build(source.name, variant, vertexText, fragmentText, log) != 0)
         errorLog.write("Shader", program->name(), log.data());
     return program;
 }

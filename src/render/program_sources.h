@@ -51,4 +51,8 @@ inline constexpr int kShaderLogSize = 4096;
 std::unique_ptr<ShaderProgram> buildProgram(const ProgramSourceTable& table, ProgramIndex index,
                                             ErrorLog& errorLog);
 
+/// The same for a program that is not of the table.
+std::unique_ptr<ShaderProgram> buildProgram(const ProgramSource& source, int variant,
+                                            ErrorLog& errorLog);
+
 } // namespace ogl
