@@ -2,12 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "host/import/assimp_images.h"
 
-#include "host/import/model_files.h"
-
 #include <assimp/scene.h>
 #include <assimp/texture.h>
-
-#include <filesystem>
 
 namespace ogl::host {
 namespace {
@@ -40,13 +36,10 @@ std::string embeddedImage(const aiTexture& texture, DecodedImage& image) {
 } // namespace
 
 ImageSource imagesOf(const aiScene& scene, const std::string& path) {
-    const std::string folder = std::filesystem::path(path).parent_path().string();
-    return [&scene, folder](const std::string& name, DecodedImage& image) {
-        if (const aiTexture* texture = scene.GetEmbeddedTexture(name.c_str()))
-            return embeddedImage(*texture, image);
-        std::vector<uint8_t> bytes;
-        const std::string problem = readModelFile(folder, name, bytes);
-        return problem.empty() ? decodeImage(bytes, image) : problem;
+    const ImageSource beside = imagesBeside(path);
+    return [&scene, beside](const std::string& name, DecodedImage& image) {
+        const aiTexture* texture = scene.GetEmbeddedTexture(name.c_str());
+        return texture != nullptr ? embeddedImage(*texture, image) : beside(name, image);
     };
 }
 

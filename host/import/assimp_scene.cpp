@@ -77,7 +77,6 @@ class SceneReader {
 
   private:
     static constexpr size_t kNoObject = static_cast<size_t>(-1);
-    static constexpr double kSameDirection = 0.9994; // cosine of 2 degrees
 
     uint32_t addMaterial(const ModelMaterial& material) {
         const auto found = std::ranges::find(model_.materials, material);
@@ -138,29 +137,8 @@ class SceneReader {
         if (!std::ranges::all_of(part.texCoords, [](float t) { return std::isfinite(t); }))
             part.texCoords.clear();
         readTriangles(mesh, transform.determinant() < 0.0, part);
-        if (tellsNothing(part))
-            part.normals.clear();
+        dropFlatNormals(part);
         return part;
-    }
-
-    /// Whether every vertex has the normal of its triangle: such normals come from files that have
-    /// none for curved surfaces, and must not keep them from being recognised.
-    static bool tellsNothing(const ModelPart& part) {
-        if (part.normals.empty())
-            return true;
-        for (size_t k = 0; k + 2 < part.triangles.size(); k += 3) {
-            const uint32_t* corner = &part.triangles[k];
-            const Vec3 origin = part.positions[corner[0]];
-            const Vec3 face = normalized(
-                cross(part.positions[corner[1]] - origin, part.positions[corner[2]] - origin));
-            for (size_t c = 0; c < 3; ++c) {
-                const float* normal = &part.normals[size_t{3} * corner[c]];
-                if (length(face) > 0.0 &&
-                    dot(face, {normal[0], normal[1], normal[2]}) < kSameDirection)
-                    return false;
-            }
-        }
-        return true;
     }
 
     static void readNormals(const aiMesh& mesh, const Transform& transform, ModelPart& part) {

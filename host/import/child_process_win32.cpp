@@ -21,9 +21,9 @@ std::string quoted(const std::string& word) {
     std::string text = "\"";
     size_t backslashes = 0;
     for (const char letter : word) {
-        backslashes = letter == '\\' ? backslashes + 1 : 0;
-        if (letter == '"')
+        if (letter == '"') // backslashes count only before a quote: those before it are doubled
             text.append(backslashes + 1, '\\');
+        backslashes = letter == '\\' ? backslashes + 1 : 0;
         text.push_back(letter);
     }
     return text.append(backslashes, '\\') + "\"";

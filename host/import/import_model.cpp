@@ -52,8 +52,6 @@ std::string importModel(const std::string& program, const std::string& path,
                         const ImportOptions& options, Model& model) {
     model = {};
     std::string problem = whyUnreadable(path);
-    if (problem.empty() && !canReadModels())
-        return "cannot read '" + path + "': this build reads no model files";
     if (problem.empty())
         problem = readInChild(program, path, options, model);
     return problem.empty() ? std::string() : "cannot read '" + path + "': " + problem;

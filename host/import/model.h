@@ -68,4 +68,8 @@ struct Model {
 Box boundsOf(const Model& model);
 size_t triangleCount(const Model& model);
 
+/// Drops the normals of a part in which every vertex has that of its triangle: such normals come
+/// from files that have none for curved surfaces, and must not keep them from being recognised.
+void dropFlatNormals(ModelPart& part);
+
 } // namespace ogl::host

@@ -10,8 +10,8 @@
 
 namespace ogl::host {
 
-/// Whether this build has a reader of model files.
-bool canReadModels();
+/// Whether this build reads model files with an extension (lower case, without the dot).
+bool canReadModels(const std::string& extension);
 
 /// Reads `path`. Returns an empty string and fills `model`, or returns why not, in one line.
 std::string readModel(const std::string& path, const ImportOptions& options, Model& model);

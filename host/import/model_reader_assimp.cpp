@@ -44,8 +44,8 @@ std::string readWithImporter(const std::string& path, const ImportOptions& optio
 
 } // namespace
 
-bool canReadModels() {
-    return true;
+bool canReadModels(const std::string& extension) {
+    return Assimp::Importer().IsExtensionSupported("." + extension);
 }
 
 std::string readModel(const std::string& path, const ImportOptions& options, Model& model) {

@@ -3,8 +3,10 @@
 #include "host/import/model_textures.h"
 
 #include "host/dib_file.h"
+#include "host/import/model_files.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <map>
 #include <optional>
 #include <tuple>
@@ -146,6 +148,15 @@ class TextureMaker {
 };
 
 } // namespace
+
+ImageSource imagesBeside(const std::string& modelPath) {
+    const std::string folder = std::filesystem::path(modelPath).parent_path().string();
+    return [folder](const std::string& name, DecodedImage& image) {
+        std::vector<uint8_t> bytes;
+        const std::string problem = readModelFile(folder, name, bytes);
+        return problem.empty() ? decodeImage(bytes, image) : problem;
+    };
+}
 
 void addTextures(const ImageSource& source, Model& model) {
     TextureMaker maker(source, model);

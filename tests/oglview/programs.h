@@ -25,8 +25,9 @@ inline std::string viewerProgram() {
     return besideTestProgram("oglview");
 }
 
-inline bool programReadsModels() {
-    return ogl::host::canReadModels();
+/// Files with this extension, without its dot.
+inline bool programReadsModels(const char* extension = "obj") {
+    return ogl::host::canReadModels(extension);
 }
 
 } // namespace ogl::test
