@@ -17,6 +17,25 @@
 
 namespace ogl {
 
+namespace {
+
+/// The part of the picture that the camera shows while it draws a tile.
+PicturePart partOf(const PerspectiveCamera& camera) {
+    if (!camera.tile)
+        return {};
+    const Frustum tile = *camera.tile;
+    const Frustum all = camera.pictureFrustum();
+    const double width = all.right - all.left;
+    const double height = all.top - all.bottom;
+    return {static_cast<float>((tile.left - all.left) / width),
+            static_cast<float>((tile.bottom - all.bottom) / height),
+            static_cast<float>((tile.right - tile.left) / width),
+            static_cast<float>((tile.top - tile.bottom) / height),
+            static_cast<float>(height / width)};
+}
+
+} // namespace
+
 DeferredRenderer::DeferredRenderer(RenderContext& creator) : ShadowRenderer(creator) {
     kind = kDeferredRenderer;
 }
@@ -58,6 +77,8 @@ int DeferredRenderer::drawToWindow(const GLSurface& surface) {
     if (objectCount == 0 || width < 1 || height < 1)
         return 1;
     updateLights();
+    if (context->secondary.glContext == nullptr)
+        frameSets_[1] = {};
     drawFrame(surface.isSecondary == 1 ? 1 : 0, width, height, settings->useFXAA == 1);
     drawFrameOverlays(*this, surface);
     drawFlags &= ~kDrawOnce;
@@ -133,8 +154,9 @@ void DeferredRenderer::drawFrame(int set, int frameWidth, int frameHeight, bool 
     targets.ensure(frameWidth, frameHeight, &targetBlocks[static_cast<size_t>(set)], samples_);
     clearBackground();
     camera.apply();
-    const FrameView frame{targets, frameWidth, frameHeight, std::max(targets.gBuffer->samples(), 1),
-                          camera.position};
+    const FrameView frame{targets,         frameWidth,
+                          frameHeight,     std::max(targets.gBuffer->samples(), 1),
+                          camera.position, partOf(camera)};
     const FrameLights lights{sunLight_.get(),
                              lights_,
                              {(drawFlags & kDrawShadows) != 0, jitterTexture_, shadowSamples_}};

@@ -8,16 +8,6 @@
 
 namespace ogl {
 
-namespace {
-
-/// Searches along an edge end at the picture's border instead of going round it.
-void clampAtBorder() {
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE);
-}
-
-} // namespace
-
 void FxaaPass::draw() const {
     const DebugGroup group("fxaa");
     program.use();
@@ -25,7 +15,7 @@ void FxaaPass::draw() const {
     setPixelSize(program, frame);
     bindTexture(0, TextureKind::Clamped, frame.targets.edgeTarget->colorTexture(0), GL_LINEAR,
                 1.0f);
-    clampAtBorder();
+    clampAtBorder(); // searches along an edge end there instead of going round it
 
     drawScreenQuad({.textureWidth = static_cast<float>(frame.width),
                     .textureHeight = static_cast<float>(frame.height)});

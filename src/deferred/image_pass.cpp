@@ -28,6 +28,11 @@ void bindEnvironment(const GLTexture& environment, int unit) {
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_MIRRORED_REPEAT);
 }
 
+void clampAtBorder() {
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE);
+}
+
 void setPixelSize(const ShaderProgram& program, const FrameView& frame) {
     program.setVec2("rcpFrame", 1.0f / static_cast<float>(frame.width),
                     1.0f / static_cast<float>(frame.height));

@@ -8,13 +8,24 @@
 
 namespace ogl {
 
+/// Where a frame lies in a picture that is drawn in parts.
+struct PicturePart {
+    float left = 0.0f; ///< in parts of the picture's width and height, from its lower left corner
+    float bottom = 0.0f;
+    float width = 1.0f;
+    float height = 1.0f;
+    /// Height of the picture by its width; 0 when the frame is the whole picture.
+    float aspect = 0.0f;
+};
+
 /// What the image passes of a frame share.
 struct FrameView {
     FrameTargetSet& targets;
-    int width; ///< of the picture, pixels
+    int width; ///< of the frame, pixels
     int height;
     int samples; ///< of the G-buffer
     Vec3 eye;    ///< of the view, scene coordinates
+    PicturePart part{};
 };
 
 /// Attachments of the G-buffer.
@@ -31,6 +42,9 @@ void bindEdges(const FrameView& frame, int unit);
 /// Binds the environment that surfaces reflect; none when it does not exist: reflections are black
 /// then.
 void bindEnvironment(const GLTexture& environment, int unit);
+
+/// Makes reads beyond the border of the 2D texture that was bound last read the border.
+void clampAtBorder();
 
 /// Tells the program in use the size of a pixel in texture coordinates, "rcpFrame".
 void setPixelSize(const ShaderProgram& program, const FrameView& frame);

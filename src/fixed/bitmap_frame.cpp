@@ -57,12 +57,16 @@ class TileCamera {
 
     const double* view() const { return view_; }
 
-    /// The projection and viewport of the tile alone.
+    /// The projection and viewport of the tile alone. The last tiles of a row or column, which are
+    /// smaller, show more than they need: passes that read their neighbours work on whole targets.
     void showTile(const TileRenderer& tiles) const {
         PerspectiveCamera& camera = renderer_.camera;
-        camera.tile = tiles.tileFrustum();
-        camera.viewportWidth = tiles.get(TileToken::CurrentTileWidth);
-        camera.viewportHeight = tiles.get(TileToken::CurrentTileHeight);
+        const int side = tiles.get(TileToken::TileWidth);
+        camera.tile =
+            tiles.tileFrustum().part(0, 0, side, side, tiles.get(TileToken::CurrentTileWidth),
+                                     tiles.get(TileToken::CurrentTileHeight));
+        camera.viewportWidth = side;
+        camera.viewportHeight = side;
     }
 
     /// The whole picture, or as much around the tile as a viewport holds, shifted so that the tile

@@ -15,8 +15,11 @@ std::unique_ptr<RenderTarget> makeTarget(const void* owner, const TargetLayout& 
 } // namespace
 
 void FrameTargetSet::ensure(int newWidth, int newHeight, const void* owner, int samples) {
-    const bool complete = gBuffer != nullptr && lightTarget != nullptr && edgeTarget != nullptr;
-    if (complete && width == newWidth && height == newHeight)
+    const auto isHere = [](const auto& target) {
+        return target != nullptr && target->existsHere();
+    };
+    if (isHere(gBuffer) && isHere(lightTarget) && isHere(edgeTarget) && width == newWidth &&
+        height == newHeight)
         return;
     width = newWidth;
     height = newHeight;

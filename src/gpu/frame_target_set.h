@@ -20,12 +20,14 @@ struct FrameTargetSet {
     std::unique_ptr<RenderTarget> lightTarget;
     /// 8-bit colour: the edges in alpha.
     std::unique_ptr<RenderTarget> edgeTarget;
-    /// Sketch noise of this size; whoever needs it makes it.
+    /// Sketch noise; whoever needs it makes it, and notes its size.
     GLTexture noiseTexture;
+    int noiseWidth = 0;
+    int noiseHeight = 0;
 
     /// Makes the targets for a surface of `newWidth` x `newHeight` pixels and drops the noise,
-    /// unless the targets have that size already: then `samples`, of the G-buffer, counts for
-    /// nothing. `owner` is remembered by the targets.
+    /// unless the current context has targets of that size already: then `samples`, of the
+    /// G-buffer, counts for nothing. `owner` is remembered by the targets.
     void ensure(int newWidth, int newHeight, const void* owner, int samples);
 };
 

@@ -3,6 +3,7 @@
 #include "gpu/gl_objects.h"
 
 #include "gpu/gl_debug.h"
+#include "platform/gl_surface.h"
 
 #include <cstdio>
 #include <vector>
@@ -14,7 +15,13 @@ namespace {
 struct ReleasedName {
     GLKind kind;
     unsigned name;
+    unsigned maker; ///< number of the context that it was made in
 };
+
+/// Whether the current context may use or delete an object.
+bool isUsableHere(GLKind kind, unsigned maker) {
+    return kind != GLKind::Framebuffer || maker == currentContextNumber();
+}
 
 /// All names of the process. An era lasts from the first view to the end of the last one.
 struct Registry {
@@ -91,11 +98,16 @@ template <GLKind kind> bool GLObject<kind>::exists() const {
     return name_ != kNoName && era_ == registry().era;
 }
 
+template <GLKind kind> bool GLObject<kind>::existsHere() const {
+    return exists() && isUsableHere(kind, maker_);
+}
+
 template <GLKind kind> void GLObject<kind>::create() {
     if (exists())
         return;
     name_ = createName(kind);
     era_ = registry().era;
+    maker_ = currentContextNumber();
     if (exists())
         ++liveCount(kind);
 }
@@ -105,10 +117,10 @@ template <GLKind kind> void GLObject<kind>::reset() {
     if (name == kNoName || era_ != registry().era)
         return;
     --liveCount(kind);
-    if (wglGetCurrentContext() != nullptr)
-        deleteName({kind, name});
+    if (wglGetCurrentContext() != nullptr && isUsableHere(kind, maker_))
+        deleteName({kind, name, maker_});
     else
-        registry().released.push_back({kind, name});
+        registry().released.push_back({kind, name, maker_});
 }
 
 template class GLObject<GLKind::Buffer>;
@@ -120,9 +132,12 @@ template class GLObject<GLKind::VertexShader>;
 template class GLObject<GLKind::FragmentShader>;
 
 void deleteReleasedObjects() {
-    for (const ReleasedName object : registry().released)
+    std::erase_if(registry().released, [](const ReleasedName& object) {
+        if (!isUsableHere(object.kind, object.maker))
+            return !isContextOpen(object.maker); // it went with its context
         deleteName(object);
-    registry().released.clear();
+        return true;
+    });
 }
 
 int liveObjects(GLKind kind) {

@@ -26,16 +26,18 @@ inline constexpr int kGLKindCount = 7;
 /// Owner of one GL object name. A host may hand batches back while no context is current, or after
 /// the view that they were made in is gone; so a name whose context is not current waits until
 /// deleteReleasedObjects(), and one whose view is gone is forgotten, since its number may belong to
-/// another object by then.
+/// another object by then. A framebuffer belongs to the context that it was made in, where others
+/// may have its number too: its name waits until that context is current.
 template <GLKind kind> class GLObject {
   public:
     GLObject() = default;
     ~GLObject() { reset(); }
     GLObject(GLObject&& other) noexcept
-        : name_(std::exchange(other.name_, kNoName)), era_(other.era_) {}
+        : name_(std::exchange(other.name_, kNoName)), era_(other.era_), maker_(other.maker_) {}
     GLObject& operator=(GLObject&& other) noexcept {
         std::swap(name_, other.name_);
         std::swap(era_, other.era_);
+        std::swap(maker_, other.maker_);
         return *this;
     }
     GLObject(const GLObject&) = delete;
@@ -48,11 +50,14 @@ template <GLKind kind> class GLObject {
 
     /// Whether there is an object, in the contexts of the views that there are now.
     bool exists() const;
+    /// Whether there is an object that the current context can use.
+    bool existsHere() const;
     unsigned name() const { return name_; }
 
   private:
     unsigned name_ = kNoName;
     uint32_t era_ = 0;
+    unsigned maker_ = 0; ///< number of the context that it was made in
 };
 
 extern template class GLObject<GLKind::Buffer>;
@@ -70,7 +75,8 @@ using GLProgram = GLObject<GLKind::Program>;
 using GLVertexShader = GLObject<GLKind::VertexShader>;
 using GLFragmentShader = GLObject<GLKind::FragmentShader>;
 
-/// Deletes the objects that were released while no context was current. Called as a frame starts.
+/// Deletes the objects that were released while no context of theirs was current. Called as a frame
+/// starts.
 void deleteReleasedObjects();
 
 /// Objects of a kind that exist now.

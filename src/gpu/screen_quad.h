@@ -9,7 +9,9 @@ struct ScreenQuad {
     float scale = 1.0f;
     float offsetX = 0.0f;
     float offsetY = 0.0f;
-    /// Texture coordinates of the upper right corner; those of the lower left one are 0.
+    /// Texture coordinates of the lower left corner, and what is added for the upper right one.
+    float textureX = 0.0f;
+    float textureY = 0.0f;
     float textureWidth = 1.0f;
     float textureHeight = 1.0f;
 };

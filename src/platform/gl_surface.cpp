@@ -6,6 +6,7 @@
 #include "platform/own_window.h"
 #include "platform/pixel_format.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -40,17 +41,23 @@ bool searchFormat(HDC dc, int samples, int& format, char (&aaName)[32]) {
     return true;
 }
 
+struct OpenContext {
+    HGLRC handle;
+    unsigned number;
+};
+
 /// The contexts that exist.
-std::vector<HGLRC>& shareGroup() {
-    static std::vector<HGLRC> contexts;
+std::vector<OpenContext>& shareGroup() {
+    static std::vector<OpenContext> contexts;
     return contexts;
 }
 
 /// Before the context is current for the first time: some drivers share nothing afterwards.
 void joinShareGroup(HGLRC context) {
+    static unsigned last = 0;
     if (!shareGroup().empty())
-        wglShareLists(shareGroup().front(), context);
-    shareGroup().push_back(context);
+        wglShareLists(shareGroup().front().handle, context);
+    shareGroup().push_back({context, ++last});
 }
 
 /// A window takes one pixel format for its life: one that has a format keeps it.
@@ -98,10 +105,21 @@ int createContext(GLSurface& surface, int requestedSamples, int isSecondary, HDC
     return kContextCreated;
 }
 
+unsigned currentContextNumber() {
+    const HGLRC current = wglGetCurrentContext();
+    const auto found = std::ranges::find(shareGroup(), current, &OpenContext::handle);
+    return current != nullptr && found != shareGroup().end() ? found->number : 0;
+}
+
+bool isContextOpen(unsigned number) {
+    return std::ranges::find(shareGroup(), number, &OpenContext::number) != shareGroup().end();
+}
+
 void tearDown(GLSurface& surface) {
     if (surface.glContext != nullptr) {
         wglMakeCurrent(surface.dc, nullptr);
-        std::erase(shareGroup(), surface.glContext);
+        std::erase_if(shareGroup(),
+                      [&](const OpenContext& open) { return open.handle == surface.glContext; });
         wglDeleteContext(surface.glContext);
     }
     if (surface.window != nullptr && surface.dc != nullptr && surface.dc != ownWindowDC())

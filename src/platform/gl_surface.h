@@ -36,6 +36,12 @@ enum ContextResult : int {
 /// Returns a ContextResult.
 int createContext(GLSurface& surface, int requestedSamples, int isSecondary, HDC dc);
 
+/// Number of the current context: another one for every context that createContext made, also when
+/// the system gives a handle out again; 0 when none of those is current.
+unsigned currentContextNumber();
+/// Whether that context is still there.
+bool isContextOpen(unsigned number);
+
 /// Deletes the context, releases the device context and empties the surface. The own window's
 /// device context is not released: it belongs to that window. Harmless on an empty surface.
 void tearDown(GLSurface& surface);
