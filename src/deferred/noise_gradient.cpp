@@ -3,6 +3,7 @@
 #include "deferred/noise_gradient.h"
 
 #include "deferred/simplex_noise.h"
+#include "gpu/float_texture.h"
 
 #include <algorithm>
 #include <cmath>
@@ -84,18 +85,8 @@ std::vector<Vec3> noiseGradients(int width, int height) {
 
 GLTexture createNoiseTexture(int width, int height) {
     const std::vector<Vec3> texels = noiseGradients(width, height);
-    GLTexture texture;
-    texture.create();
-    glActiveTexture(GL_TEXTURE0);
-    glBindTexture(GL_TEXTURE_2D, texture.name());
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_CLAMP);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_CLAMP);
-    glPixelStorei(GL_UNPACK_ALIGNMENT, 4);
-    glTexImage2D(GL_TEXTURE_2D, 0, GL_RGB, width, height, 0, GL_RGB, GL_FLOAT, texels.data());
-    glBindTexture(GL_TEXTURE_2D, 0);
-    return texture;
+    return createFloatTexture({GL_TEXTURE_2D, GL_RGB, GL_RGB, width, height, GL_LINEAR, GL_CLAMP},
+                              numbersOf(texels));
 }
 
 } // namespace ogl

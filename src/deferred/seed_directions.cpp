@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "deferred/seed_directions.h"
 
+#include "gpu/float_texture.h"
+
 #include <cmath>
 
 namespace ogl {
@@ -64,19 +66,9 @@ std::vector<Vec3> seedDirections() {
 
 GLTexture createSeedTexture() {
     const std::vector<Vec3> directions = seedDirections();
-    GLTexture texture;
-    texture.create();
-    glActiveTexture(GL_TEXTURE0);
-    glBindTexture(GL_TEXTURE_RECTANGLE, texture.name());
-    glTexParameteri(GL_TEXTURE_RECTANGLE, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
-    glTexParameteri(GL_TEXTURE_RECTANGLE, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
-    glTexParameteri(GL_TEXTURE_RECTANGLE, GL_TEXTURE_WRAP_S, GL_CLAMP);
-    glTexParameteri(GL_TEXTURE_RECTANGLE, GL_TEXTURE_WRAP_T, GL_CLAMP);
-    glPixelStorei(GL_UNPACK_ALIGNMENT, 4);
-    glTexImage2D(GL_TEXTURE_RECTANGLE, 0, GL_RGB32F, kSeedColumns, kSeedRows, 0, GL_RGB, GL_FLOAT,
-                 directions.data());
-    glBindTexture(GL_TEXTURE_RECTANGLE, 0);
-    return texture;
+    return createFloatTexture(
+        {GL_TEXTURE_RECTANGLE, GL_RGB32F, GL_RGB, kSeedColumns, kSeedRows, GL_NEAREST, GL_CLAMP},
+        numbersOf(directions));
 }
 
 } // namespace ogl

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "fixed/jitter_texture.h"
 
+#include "gpu/float_texture.h"
+
 #include <random>
 
 namespace ogl {
@@ -24,20 +26,9 @@ std::array<float, kJitterSize * kJitterSize * 4> jitterTexels() {
 }
 
 GLTexture createJitterTexture() {
-    const auto texels = jitterTexels();
-    GLTexture texture;
-    texture.create();
-    glActiveTexture(GL_TEXTURE0);
-    glBindTexture(GL_TEXTURE_2D, texture.name());
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_REPEAT);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_REPEAT);
-    glPixelStorei(GL_UNPACK_ALIGNMENT, 4);
-    glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA, kJitterSize, kJitterSize, 0, GL_RGBA, GL_FLOAT,
-                 texels.data());
-    glBindTexture(GL_TEXTURE_2D, 0);
-    return texture;
+    return createFloatTexture(
+        {GL_TEXTURE_2D, GL_RGBA, GL_RGBA, kJitterSize, kJitterSize, GL_NEAREST, GL_REPEAT},
+        jitterTexels());
 }
 
 } // namespace ogl

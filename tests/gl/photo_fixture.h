@@ -36,7 +36,10 @@ class PhotoTest : public GLTest {
 LIGHT pointLamp(Vec3 position, Vec3 color);
 LIGHT spotLamp(Vec3 position, Vec3 target, Vec3 color, float coneDegrees);
 
-/// The inside of an axis-aligned box: six faces, their fronts inwards.
+/// A TGA file of one colour.
+std::string plainTga(Pixel color);
+
+/// The inside of an axis-aligned box, fronts inwards, but for the wall on the left, at low.x.
 void addRoom(SceneFixture& scene, Vec3 low, Vec3 high, int16_t material);
 
 } // namespace ogl::test
