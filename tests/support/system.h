@@ -13,6 +13,9 @@ namespace ogl::test {
 
 int processId();
 
+/// Bytes of this process's memory that are in main memory now.
+size_t residentBytes();
+
 /// Sets an environment variable of this process; null removes it.
 void setEnvironment(const std::string& name, const char* value);
 

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
+#include <fstream>
 #include <stdexcept>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -15,6 +16,13 @@ namespace ogl::test {
 
 int processId() {
     return static_cast<int>(getpid());
+}
+
+size_t residentBytes() {
+    size_t total = 0;
+    size_t resident = 0;
+    std::ifstream("/proc/self/statm") >> total >> resident;
+    return resident * static_cast<size_t>(sysconf(_SC_PAGESIZE));
 }
 
 void setEnvironment(const std::string& name, const char* value) {

@@ -12,10 +12,20 @@
 #include <sys/stat.h>
 #include <windows.h>
 
+// After windows.h, whose names it uses.
+#include <psapi.h>
+
 namespace ogl::test {
 
 int processId() {
     return static_cast<int>(GetCurrentProcessId());
+}
+
+size_t residentBytes() {
+    PROCESS_MEMORY_COUNTERS counters{};
+    counters.cb = sizeof counters;
+    K32GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
+    return counters.WorkingSetSize;
 }
 
 void setEnvironment(const std::string& name, const char* value) {
