@@ -328,6 +328,8 @@ Request readCommandLine(int argc, const char* const* argv) {
     if (&command == &show) {
         if (style.throughFile)
             throw UserError("show cannot draw into files");
+        if (style.rays != RayWork::None)
+            throw UserError("show cannot trace rays");
         ShowOptions options{parsed.model, parsed.view, style, parsed.style.library};
         options.size = sized ? parseSize(parsed.texts.size) : options.size;
         checkRange("--size", options.size.width, 1, kLargestWindowSide);

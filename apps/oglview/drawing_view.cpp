@@ -70,6 +70,7 @@ class DrawingView::Folder {
         std::ofstream(ini_) << "[OpenGL]\nnumAASamplesDrawing=" << options.samples
                             << "\nnumAASamplesPhoto=" << options.photoSamples
                             << "\nuseFXAA=" << (options.fxaa ? 1 : 0)
+                            << "\nenableGPUrt=" << (options.rayTracing ? 1 : 0)
                             << "\n[Veldra]\nTexturesDir=" << libraryPath(own_) << "\n";
         writeSkyTextures(own_.string());
     }

@@ -4,6 +4,7 @@
 
 #include "oglview/file_drawing.h"
 #include "oglview/fill_gauge.h"
+#include "oglview/ray_drawing.h"
 #include "oglview/scene_style.h"
 #include "oglview/standpoint.h"
 #include "oglview/sun_moment.h"
@@ -19,7 +20,9 @@ void drawPicture(const DrawingView& view, LoadedScene& scene, const StyleOptions
     if (progress.shown())
         filling.emplace(progress, bitmap.pixels(), bitmap.picture().width, bitmap.picture().height);
     const uint32_t flags = drawFlagsOf(style);
-    if (style.throughFile)
+    if (style.rays == RayWork::Preview)
+        drawRayPreview(view, scene.builder.scene(), flags, bitmap);
+    else if (style.throughFile)
         drawThroughFile(view, scene.builder.scene(), flags, bitmap);
     else
         d3_DrawInDibSection(view.get(), scene.builder.scene(), flags, bitmap.get());

@@ -3,6 +3,8 @@
 #include "oglview/antialias.h"
 #include "oglview/commands.h"
 #include "oglview/picture_drawing.h"
+#include "oglview/ray_drawing.h"
+#include "oglview/scene_style.h"
 #include "oglview/view_choice.h"
 
 #include <cstdio>
@@ -33,7 +35,10 @@ int renderCommand(const std::string& program, const RenderOptions& options) {
 
     progress.step("drawing");
     DibSection bitmap(options.size.width * factor, options.size.height * factor);
-    {
+    if (style.rays == RayWork::Traced) {
+        applyStyle(scene.builder, style);
+        drawTraced(scene, style.traceSamples, bitmap, progress);
+    } else {
         DrawingView view(nullptr, options.library);
         view.loadTextures(scene.builder);
         drawPicture(view, scene, style, bitmap, progress);

@@ -13,6 +13,10 @@ namespace {
 
 /// Mode 7 by way of a file.
 constexpr const char* kFileMode = "file";
+/// Mode 8 with rays.
+constexpr const char* kRayPreviewMode = "raytrace";
+constexpr const char* kTracedMode = "trace";
+constexpr int kMostTraceSamples = 100000;
 
 SurfaceLook parseSurfaces(const std::string& name) {
     if (name == "color")
@@ -33,6 +37,26 @@ template <class T>
 void checkOptional(const char* name, const std::optional<T>& value, double low, double high) {
     if (value)
         checkRange(name, static_cast<double>(*value), low, high);
+}
+
+int32_t modeOf(const std::string& name) {
+    if (name == kFileMode)
+        return ogl::kRenderModeShadow;
+    return name == kRayPreviewMode || name == kTracedMode ? ogl::kRenderModePhoto : parseMode(name);
+}
+
+/// --samples are those of windows, or of the rays.
+void understandSamples(const CLI::App& command, StyleTexts& texts) {
+    texts.style.rays = texts.mode == kRayPreviewMode ? RayWork::Preview
+                       : texts.mode == kTracedMode   ? RayWork::Traced
+                                                     : RayWork::None;
+    texts.library.rayTracing = texts.style.rays != RayWork::None;
+    const bool traced = texts.style.rays == RayWork::Traced;
+    checkRange("--samples", texts.samples, 1, traced ? kMostTraceSamples : 16);
+    if (texts.library.rayTracing && given(command, "--ini"))
+        throw UserError("--mode " + texts.mode + " brings its own configuration");
+    if (given(command, "--samples"))
+        (traced ? texts.style.traceSamples : texts.library.samples) = texts.samples;
 }
 
 void understandSun(const CLI::App& command, const StyleTexts& texts, StyleOptions& style) {
@@ -116,7 +140,8 @@ void StyleTexts::addTo(CLI::App& command) {
     command
         .add_option("--mode", mode,
                     "drawing (default), edges, shadow or photo; render also takes file: what the "
-                    "library draws into files, lit without shadows")
+                    "library draws into files, lit without shadows; raytrace: the grey preview of "
+                    "what rays see; trace: a picture of light paths, which takes its time")
         ->type_name("NAME");
     command
         .add_option("--sun", sun,
@@ -136,7 +161,9 @@ void StyleTexts::addTo(CLI::App& command) {
         ->type_name("N");
     command.add_option("--edge-opacity", edgeOpacity, "0 to 100 percent")->type_name("P");
     command.add_option("--background", background, "Background")->type_name("RRGGBB");
-    command.add_option("--samples", library.samples, "Samples per pixel of windows, 1 to 16 (8)")
+    command
+        .add_option("--samples", samples,
+                    "Samples per pixel of windows, 1 to 16 (8); with --mode trace of rays (32)")
         ->type_name("N");
     command
         .add_option("--ini", library.iniPath,
@@ -174,7 +201,7 @@ void StyleTexts::understand(const CLI::App& command) {
 }
 
 void StyleTexts::understandPictures(const CLI::App& command) {
-    style.mode = mode == kFileMode ? ogl::kRenderModeShadow : parseMode(mode);
+    style.mode = modeOf(mode);
     style.throughFile = mode == kFileMode;
     style.shadows = !noShadows;
     style.surfaces = parseSurfaces(surfaces);
@@ -189,7 +216,7 @@ void StyleTexts::understandPictures(const CLI::App& command) {
     }
     if (given(command, "--background"))
         style.background = parseColor(background);
-    checkRange("--samples", library.samples, 1, 16);
+    understandSamples(command, *this);
     checkRange("--photo-samples", library.photoSamples, 1, 16);
 }
 

@@ -78,6 +78,7 @@ void RayTraceRenderer::releaseResources() {
     preview_.reset();
     packed_ = PackedScene{};
     packedScene_ = nullptr;
+    isPacked_ = false;
 }
 
 void RayTraceRenderer::packScene() {
@@ -86,6 +87,7 @@ void RayTraceRenderer::packScene() {
     packedScene_ = scene;
     sceneBounds = Box{};
     packed_ = PackedScene{};
+    isPacked_ = scene != nullptr;
     if (scene == nullptr)
         return;
     try {
@@ -102,6 +104,7 @@ void RayTraceRenderer::packScene() {
 
 void RayTraceRenderer::refusePacking(const char* reason) {
     packed_ = PackedScene{};
+    isPacked_ = false;
     errorLog->writeOnce("Error", reason, "");
 }
 

@@ -35,6 +35,8 @@ class RayTraceRenderer : public Renderer {
 
     // What tracing takes.
 
+    /// False when there is no scene, or the driver's textures or memory are too small for it.
+    bool isPacked() const { return isPacked_; }
     const PackedScene& packed() const { return packed_; }
     const SceneTextures& textures() const { return textures_; }
     /// Null before createResources(). A program that did not build is there; GL refuses it.
@@ -66,6 +68,7 @@ class RayTraceRenderer : public Renderer {
     std::unique_ptr<RenderTarget> traceTarget_;
     RayCamera rayCamera_;
     const SCENE* packedScene_ = nullptr; ///< only compared
+    bool isPacked_ = false;
 };
 
 } // namespace ogl

@@ -79,6 +79,26 @@ TEST(CommandLine, ReadsARenderCommand) {
     EXPECT_EQ(render->library.samples, 4);
 }
 
+TEST(CommandLine, SamplesAreThoseOfWindowsOrOfRays) {
+    const struct Row {
+        const char* mode;
+        RayWork rays;
+        int windowSamples, traceSamples;
+    } rows[] = {{"photo", RayWork::None, 12, 32},
+                {"raytrace", RayWork::Preview, 12, 32},
+                {"trace", RayWork::Traced, 8, 12}};
+    for (const Row& row : rows) {
+        const Request request =
+            read({"render", "flat", "-o", "a.png", "--mode", row.mode, "--samples", "12"});
+        const auto& render = std::get<RenderOptions>(request);
+        EXPECT_EQ(render.style.mode, ogl::kRenderModePhoto) << row.mode;
+        EXPECT_EQ(render.style.rays, row.rays) << row.mode;
+        EXPECT_EQ(render.library.rayTracing, row.rays != RayWork::None) << row.mode;
+        EXPECT_EQ(render.library.samples, row.windowSamples) << row.mode;
+        EXPECT_EQ(render.style.traceSamples, row.traceSamples) << row.mode;
+    }
+}
+
 TEST(CommandLine, RefusesInOneLine) {
     const std::vector<std::vector<const char*>> lines = {
         {},
@@ -90,7 +110,12 @@ TEST(CommandLine, RefusesInOneLine) {
         {"render", "flat", "-o", "a.png", "--size", "0x0"},
         {"render", "flat", "-o", "a.png", "--size", "30000x30000"},
         {"show", "flat", "--size", "20000x100"},
-        {"render", "flat", "-o", "a.png", "--mode", "raytrace"},
+        {"render", "flat", "-o", "a.png", "--mode", "rays"},
+        {"render", "flat", "-o", "a.png", "--mode", "raytrace", "--samples", "17"},
+        {"render", "flat", "-o", "a.png", "--mode", "raytrace", "--ini", "space.ini"},
+        {"render", "flat", "-o", "a.png", "--mode", "trace", "--samples", "100001"},
+        {"show", "flat", "--mode", "trace"},
+        {"show", "flat", "--mode", "raytrace"},
         {"render", "flat", "-o", "a.png", "--sun", "10"},
         {"render", "flat", "-o", "a.png", "--sun", "10,91"},
         {"render", "flat", "-o", "a.png", "--surfaces", "pink"},

@@ -522,7 +522,8 @@ TEST(RayPacking, SkipsTrianglesThatAreNowhere) {
         for (int corner = 0; corner < 3; ++corner) {
             std::array<Vec3, 3> triangle{Vec3{0, 0, 0}, Vec3{1, 0, 0}, Vec3{0, 1, 0}};
             triangle[static_cast<size_t>(corner)].y = bad;
-            face.triangles.insert(face.triangles.end(), triangle.begin(), triangle.end());
+            for (const Vec3& p : triangle)
+                face.triangles.push_back(p);
         }
     for (const Vec3 p : {Vec3{3, 3, 3}, Vec3{4, 3, 3}, Vec3{3, 4, 3}})
         face.triangles.push_back(p);

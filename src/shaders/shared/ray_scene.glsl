@@ -21,8 +21,21 @@ struct Hit {
     float v;      // weight of the third
 };
 
+// Column and row of texel k. Processors divide floats much faster than integers; what rounding
+// puts into the wrong row is put right.
+ivec2 placeOf(int k, int side) {
+    int row = int(float(k) / float(side));
+    int column = k - row * side;
+    int off = column < 0 ? -1 : column >= side ? 1 : 0;
+    return ivec2(column - off * side, row + off);
+}
+
+ivec2 placeAfter(ivec2 place, int side) {
+    return place.x + 1 < side ? place + ivec2(1, 0) : ivec2(0, place.y + 1);
+}
+
 vec4 texelOf(sampler2DRect tex, int side, int k) {
-    return texelFetch(tex, ivec2(k % side, k / side));
+    return texelFetch(tex, placeOf(k, side));
 }
 
 // 1 / dir without dividing by zero.
@@ -54,9 +67,11 @@ bool meetsBoxAhead(vec3 low, vec3 high, vec3 origin, vec3 inverseDir, float fart
 // Lowers hit to the triangle if the ray meets it before hit.t. Both sides count. The method of
 // Moeller and Trumbore.
 void meetTriangle(int triangle, vec3 origin, vec3 dir, inout Hit hit) {
-    vec3 corner = texelOf(vertsTex, vertTexRes, 3 * triangle).xyz;
-    vec3 side1 = texelOf(vertsTex, vertTexRes, 3 * triangle + 1).xyz - corner;
-    vec3 side2 = texelOf(vertsTex, vertTexRes, 3 * triangle + 2).xyz - corner;
+    ivec2 place = placeOf(3 * triangle, vertTexRes);
+    vec3 corner = texelFetch(vertsTex, place).xyz;
+    place = placeAfter(place, vertTexRes);
+    vec3 side1 = texelFetch(vertsTex, place).xyz - corner;
+    vec3 side2 = texelFetch(vertsTex, placeAfter(place, vertTexRes)).xyz - corner;
     vec3 p = cross(dir, side2);
     float det = dot(side1, p);
     if (det == 0.0)
@@ -72,8 +87,9 @@ void meetTriangle(int triangle, vec3 origin, vec3 dir, inout Hit hit) {
 
 void meetCells(int first, int count, vec3 origin, vec3 dir, vec3 inverseDir, inout Hit hit) {
     for (int c = first; c < first + count; ++c) {
-        vec4 low = texelOf(gridsTex, gridsTexRes, 2 * c);
-        vec4 high = texelOf(gridsTex, gridsTexRes, 2 * c + 1);
+        ivec2 place = placeOf(2 * c, gridsTexRes); // an even side: the other texel is beside it
+        vec4 low = texelFetch(gridsTex, place);
+        vec4 high = texelFetch(gridsTex, place + ivec2(1, 0));
         if (!meetsBoxAhead(low.xyz, high.xyz, origin, inverseDir, hit.t))
             continue;
         int triangles = min(int(low.w) + int(high.w), numAllTris);
@@ -82,15 +98,24 @@ void meetCells(int first, int count, vec3 origin, vec3 dir, vec3 inverseDir, ino
     }
 }
 
-// The first triangle that the ray meets before farthest.
-Hit firstHit(vec3 origin, vec3 dir, float farthest) {
+// The first triangle that the ray meets before farthest; or any such triangle.
+Hit findHit(vec3 origin, vec3 dir, float farthest, bool any) {
     Hit hit = Hit(farthest, -1, 0.0, 0.0);
     vec3 inverseDir = inverseOf(dir);
-    for (int b = 0; b < numBounds; ++b) {
-        vec4 low = texelOf(boundsTex, boundsTexRes, 2 * b);
-        vec4 high = texelOf(boundsTex, boundsTexRes, 2 * b + 1);
+    for (int b = 0; b < numBounds && !(any && hit.triangle >= 0); ++b) {
+        ivec2 place = placeOf(2 * b, boundsTexRes);
+        vec4 low = texelFetch(boundsTex, place);
+        vec4 high = texelFetch(boundsTex, place + ivec2(1, 0));
         if (meetsBoxAhead(low.xyz, high.xyz, origin, inverseDir, hit.t))
             meetCells(int(low.w), int(high.w), origin, dir, inverseDir, hit);
     }
     return hit;
+}
+
+Hit firstHit(vec3 origin, vec3 dir, float farthest) {
+    return findHit(origin, dir, farthest, false);
+}
+
+bool meetsAnything(vec3 origin, vec3 dir, float farthest) {
+    return findHit(origin, dir, farthest, true).triangle >= 0;
 }

@@ -17,9 +17,7 @@ struct Surface {
     float reflectivity;
 };
 
-// What is farther than this does not darken.
-const float kNearby = 1.0;
-// Just beyond, so that what is met is at most that far.
+// What is farther than 1 does not darken. The next number: hits are nearer than their limit.
 const float kBeyondNearby = 1.0000001;
 
 Surface surfaceAt(Hit hit, vec3 origin, vec3 dir) {
@@ -53,8 +51,7 @@ float openness(vec3 place, vec3 normal, vec2 pixel) {
     for (int i = 0; i < 4; ++i) {
         vec3 s = aoSample[i] * mirror;
         vec3 dir = tangent * s.x + cotangent * s.y + normal * s.z;
-        Hit hit = firstHit(place, dir, kBeyondNearby);
-        open += hit.triangle < 0 || hit.t > kNearby ? 0.25 : 0.0;
+        open += meetsAnything(place, dir, kBeyondNearby) ? 0.0 : 0.25;
     }
     return open;
 }
