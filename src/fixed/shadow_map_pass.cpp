@@ -5,6 +5,7 @@
 #include "fixed/portal_sky.h"
 #include "fixed/surface_pass.h"
 #include "gpu/gl_debug.h"
+#include "gpu/screen_quad.h"
 #include "gpu/shader_program.h"
 #include "gpu/texture.h"
 
@@ -36,23 +37,6 @@ void bindShadowTexture(ShadowLight& light) {
     if (isNew)
         glTexImage2D(GL_TEXTURE_2D, 0, GL_DEPTH24_STENCIL8, kShadowMapSize, kShadowMapSize, 0,
                      GL_DEPTH_STENCIL, GL_UNSIGNED_INT_24_8, nullptr);
-}
-
-void pushScreenMatrices() {
-    glMatrixMode(GL_PROJECTION);
-    glPushMatrix();
-    glLoadIdentity();
-    glOrtho(0.0, 1.0, 0.0, 1.0, -1.0, 1.0);
-    glMatrixMode(GL_MODELVIEW);
-    glPushMatrix();
-    glLoadIdentity();
-}
-
-void popScreenMatrices() {
-    glMatrixMode(GL_PROJECTION);
-    glPopMatrix();
-    glMatrixMode(GL_MODELVIEW);
-    glPopMatrix();
 }
 
 } // namespace
@@ -116,14 +100,13 @@ void ShadowMapPass::drawOpenings() const {
     glDepthMask(GL_TRUE);
     glDepthFunc(GL_ALWAYS);
     glDisable(GL_CULL_FACE);
-    pushScreenMatrices();
+    const ScreenMatrices matrices;
     glBegin(GL_QUADS);
     glVertex3f(0.0f, 0.0f, kOpeningDepth);
     glVertex3f(0.0f, 1.0f, kOpeningDepth);
     glVertex3f(1.0f, 1.0f, kOpeningDepth);
     glVertex3f(1.0f, 0.0f, kOpeningDepth);
     glEnd();
-    popScreenMatrices();
     glDepthFunc(GL_LESS);
     glEnable(GL_CULL_FACE);
 }

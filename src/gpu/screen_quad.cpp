@@ -6,9 +6,7 @@
 
 namespace ogl {
 
-namespace {
-
-void pushUnitSquare(const ScreenQuad& quad) {
+ScreenMatrices::ScreenMatrices() {
     glMatrixMode(GL_PROJECTION);
     glPushMatrix();
     glLoadIdentity();
@@ -16,17 +14,14 @@ void pushUnitSquare(const ScreenQuad& quad) {
     glMatrixMode(GL_MODELVIEW);
     glPushMatrix();
     glLoadIdentity();
-    glTranslatef(quad.offsetX, quad.offsetY, 0.0f);
 }
 
-void popMatrices() {
+ScreenMatrices::~ScreenMatrices() {
     glMatrixMode(GL_PROJECTION);
     glPopMatrix();
     glMatrixMode(GL_MODELVIEW);
     glPopMatrix();
 }
-
-} // namespace
 
 void drawScreenQuad(const ScreenQuad& quad) {
     glColor4f(1.0f, 1.0f, 1.0f, 1.0f);
@@ -36,7 +31,8 @@ void drawScreenQuad(const ScreenQuad& quad) {
     glDisable(GL_LIGHTING);
     glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
     glDepthMask(GL_FALSE);
-    pushUnitSquare(quad);
+    const ScreenMatrices matrices;
+    glTranslatef(quad.offsetX, quad.offsetY, 0.0f);
     const float right = quad.textureX + quad.textureWidth;
     const float top = quad.textureY + quad.textureHeight;
     glBegin(GL_QUADS);
@@ -49,7 +45,6 @@ void drawScreenQuad(const ScreenQuad& quad) {
     glTexCoord2f(right, quad.textureY);
     glVertex2f(quad.scale, 0.0f);
     glEnd();
-    popMatrices();
     glDepthMask(GL_TRUE);
 }
 

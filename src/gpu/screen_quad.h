@@ -16,6 +16,15 @@ struct ScreenQuad {
     float textureHeight = 1.0f;
 };
 
+/// Matrices that make the viewport the unit square, until the object goes.
+class ScreenMatrices {
+  public:
+    ScreenMatrices();
+    ~ScreenMatrices();
+    ScreenMatrices(const ScreenMatrices&) = delete;
+    ScreenMatrices& operator=(const ScreenMatrices&) = delete;
+};
+
 /// Draws a quad in white over the viewport, with the program and textures in use. Turns depth
 /// test, alpha test, blending and lighting off and polygon filling on; leaves the matrices as they
 /// are and depth writes on.

@@ -13,6 +13,10 @@ int sampleCountFor(int requested);
 /// bits.
 PIXELFORMATDESCRIPTOR windowPixelFormat();
 
+/// The number of a multisampled format of `dc` with `samples` per pixel; 0 when there is none. A
+/// context whose extensions are loaded must be current.
+int multisampleFormat(HDC dc, int samples);
+
 /// Looks for a multisampled format of `dc` with `samples` per pixel, then half as many, down to 1.
 /// When one is found, `format` becomes its number and `aaName` for example "4x MSAA"; else `format`
 /// stays and `aaName` is emptied. A context whose extensions are loaded must be current.

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
 #include "gl/window_fixture.h"
+#include "platform/pixel_format.h"
 
 #include "support/system.h"
 
@@ -54,7 +55,7 @@ TEST(PixelFormats, MultisampleSearchGivesTheSamplesOrNothing) {
     for (const int samples : {1, 2, 4, 8, 16, 64}) {
         TestWindow window(64, 64);
         const HDC dc = GetDC(window.handle());
-        const int format = chooseMultisample(dc, samples);
+        const int format = ogl::multisampleFormat(dc, samples);
         ReleaseDC(window.handle(), dc);
         if (format == 0)
             continue;
@@ -69,7 +70,7 @@ TEST(PixelFormats, MultisampleSearchGivesTheSamplesOrNothing) {
         EXPECT_TRUE(bootstrap.makeCurrent());
     }
     const HDC dc = GetDC(first.handle());
-    EXPECT_EQ(chooseMultisample(dc, 4096), 0);
+    EXPECT_EQ(ogl::multisampleFormat(dc, 4096), 0);
     ReleaseDC(first.handle(), dc);
     RecordProperty("offered", offered);
 }

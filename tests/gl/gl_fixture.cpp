@@ -15,8 +15,6 @@ namespace ogl::test {
 
 namespace {
 
-constexpr uint8_t kUntouched = 0x77;
-
 /// Writes the frames of the tests into the folder that OGL_TEST_PICTURES names, for looking at.
 void keepPicture(const Picture& picture) {
     static int number = 0;
@@ -91,40 +89,6 @@ bool isNear(Pixel a, Pixel b, int tolerance) {
 bool isFoundNear(const Picture& picture, int x, int y, Pixel color, int tolerance) {
     return picture.count(x - 1, y - 1, x + 2, y + 2,
                          [&](Pixel p) { return isNear(p, color, tolerance); }) > 0;
-}
-
-Bitmap::Bitmap(int width, int height, int bits)
-    : width_(width), height_(height), bytesPerPixel_(bits / 8),
-      stride_((width * bits / 8 + 3) / 4 * 4) {
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = width;
-    info.bmiHeader.biHeight = height;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = static_cast<WORD>(bits);
-    info.bmiHeader.biCompression = BI_RGB;
-    void* memory = nullptr;
-    handle_ = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &memory, nullptr, 0);
-    bits_ = static_cast<uint8_t*>(memory);
-    if (bits_ == nullptr)
-        std::abort();
-    std::memset(bits_, kUntouched, static_cast<size_t>(stride_) * static_cast<size_t>(height));
-}
-
-Bitmap::~Bitmap() {
-    DeleteObject(handle_);
-}
-
-Pixel Bitmap::at(int x, int y) const {
-    const uint8_t* p = bits_ + y * stride_ + x * bytesPerPixel_;
-    return {p[2], p[1], p[0]};
-}
-
-bool Bitmap::isUntouched() const {
-    for (int i = 0; i < stride_ * height_; ++i)
-        if (bits_[i] != kUntouched)
-            return false;
-    return true;
 }
 
 GLTest::GLTest() : scene_(std::make_unique<SceneFixture>()) {}

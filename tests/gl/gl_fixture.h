@@ -7,6 +7,7 @@
 #include "render/render_context.h"
 #include "render/renderer.h"
 #include "scene/vector3.h"
+#include "support/dib.h"
 #include "support/scene_fixture.h"
 #include "support/temp_folder.h"
 
@@ -19,11 +20,6 @@
 #include <vector>
 
 namespace ogl::test {
-
-/// A colour of 8-bit channels.
-struct Pixel {
-    int red, green, blue;
-};
 
 /// A picture read from the back buffer, bottom row first.
 class Picture {
@@ -60,23 +56,15 @@ bool isFoundNear(const Picture& picture, int x, int y, Pixel color, int toleranc
 /// A bitmap as hosts make them, filled with 0x77.
 class Bitmap {
   public:
-    Bitmap(int width, int height, int bits);
-    ~Bitmap();
-    Bitmap(const Bitmap&) = delete;
-    Bitmap& operator=(const Bitmap&) = delete;
+    Bitmap(int width, int height, int bits) : dib_(width, height, bits, 0x77) {}
 
-    HBITMAP handle() const { return handle_; }
+    HBITMAP handle() const { return dib_.handle(); }
     /// `y` counts upwards.
-    Pixel at(int x, int y) const;
-    bool isUntouched() const;
+    Pixel at(int x, int y) const { return dib_.at(x, dib_.height() - 1 - y); }
+    bool isUntouched() const { return dib_.touchedBytes() == 0; }
 
   private:
-    int width_;
-    int height_;
-    int bytesPerPixel_;
-    int stride_;
-    uint8_t* bits_ = nullptr;
-    HBITMAP handle_;
+    Dib dib_;
 };
 
 /// Tests that draw: a view on the library's own hidden window with four samples per pixel. The

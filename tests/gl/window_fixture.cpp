@@ -113,33 +113,6 @@ TestContext::~TestContext() {
     ReleaseDC(window_, dc_);
 }
 
-int chooseMultisample(HDC dc, int samples) {
-    const int attributes[] = {WGL_DRAW_TO_WINDOW_ARB,
-                              1,
-                              WGL_ACCELERATION_ARB,
-                              WGL_FULL_ACCELERATION_ARB,
-                              WGL_COLOR_BITS_ARB,
-                              24,
-                              WGL_ALPHA_BITS_ARB,
-                              8,
-                              WGL_DEPTH_BITS_ARB,
-                              24,
-                              WGL_STENCIL_BITS_ARB,
-                              8,
-                              WGL_DOUBLE_BUFFER_ARB,
-                              1,
-                              WGL_SAMPLE_BUFFERS_ARB,
-                              1,
-                              WGL_SAMPLES_ARB,
-                              samples,
-                              0};
-    int format = 0;
-    UINT count = 0;
-    if (!wglChoosePixelFormatARB(dc, attributes, nullptr, 1, &format, &count) || count == 0)
-        return 0;
-    return format;
-}
-
 void clearTo(float red, float green, float blue) {
     glDisable(GL_SCISSOR_TEST);
     glClearColor(red, green, blue, 1.0f);

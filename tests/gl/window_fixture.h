@@ -64,10 +64,6 @@ class TestContext {
     HGLRC context_ = nullptr;
 };
 
-/// The first format that wglChoosePixelFormatARB finds with the attributes that the library asks
-/// for and `samples` samples; 0 when the driver has none. Needs glewInit.
-int chooseMultisample(HDC dc, int samples);
-
 /// Clears the whole back buffer.
 void clearTo(float red, float green, float blue);
 

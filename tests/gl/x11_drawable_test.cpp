@@ -4,6 +4,7 @@
 // What only the X11 platform layer promises about drawing into windows.
 #include "gl/window_fixture.h"
 #include "gl/x11_client.h"
+#include "platform/pixel_format.h"
 
 #include <gtest/gtest.h>
 
@@ -18,9 +19,9 @@ TEST(X11Drawable, SoftwareRendererOffersFourSamples) {
     const std::string renderer = reinterpret_cast<const char*>(glGetString(GL_RENDERER));
     if (renderer.find("llvmpipe") == std::string::npos)
         GTEST_SKIP() << renderer;
-    EXPECT_GT(chooseMultisample(context.dc(), 4), 0);
-    EXPECT_EQ(chooseMultisample(context.dc(), 8), 0);
-    EXPECT_EQ(chooseMultisample(context.dc(), 16), 0);
+    EXPECT_GT(ogl::multisampleFormat(context.dc(), 4), 0);
+    EXPECT_EQ(ogl::multisampleFormat(context.dc(), 8), 0);
+    EXPECT_EQ(ogl::multisampleFormat(context.dc(), 16), 0);
 }
 
 // Under Wine the back buffer follows only after a swap, which is the library's own business; here
@@ -31,7 +32,7 @@ TEST(X11Drawable, HiddenBackBufferHasTheWindowsSizeAtOnce) {
         int format = 0;
         if (samples) {
             const HDC dc = GetDC(window.handle());
-            format = chooseMultisample(dc, samples);
+            format = ogl::multisampleFormat(dc, samples);
             ReleaseDC(window.handle(), dc);
         }
         TestContext context(window.handle(), format);

@@ -130,7 +130,9 @@ TEST(ModelTextures, AreSharedAndMissedOnce) {
 TEST(ImageDecoder, ReadsBitmapsAndRefusesOthers) {
     const Bytes dib = dibBytes(3, 1, 24, {3, 2, 1, 6, 5, 4, 9, 8, 7});
     Bytes bmp = {'B', 'M', 0, 0, 0, 0, 0, 0, 0, 0, 54, 0, 0, 0};
-    bmp.insert(bmp.end(), dib.begin(), dib.end());
+    bmp.reserve(bmp.size() + dib.size());
+    for (const uint8_t byte : dib)
+        bmp.push_back(byte);
     DecodedImage image;
     ASSERT_EQ(decodeImage(bmp, image), "");
     EXPECT_EQ(image.width, 3);
