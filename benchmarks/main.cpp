@@ -4,6 +4,7 @@
 #include "bench_export.h"
 #include "bench_frame.h"
 #include "bench_pick.h"
+#include "bench_raytrace.h"
 #include "bench_shadow.h"
 #include "bench_tiles.h"
 
@@ -26,8 +27,13 @@ struct Bench {
 };
 
 constexpr Bench kBenches[] = {
-    {"batches", always<benchBatches>}, {"export", always<benchExport>}, {"frame", benchFrame},
-    {"pick", always<benchPick>},       {"shadow", benchShadow},         {"tiles", benchTiles},
+    {"batches", always<benchBatches>},
+    {"export", always<benchExport>},
+    {"frame", benchFrame},
+    {"pick", always<benchPick>},
+    {"raytrace", always<benchRayTrace>},
+    {"shadow", benchShadow},
+    {"tiles", benchTiles},
 };
 
 int usage() {

@@ -30,29 +30,30 @@ ItemRange seenFaces(const SceneLists& lists, int object) {
 
 } // namespace
 
-PairList::PairList(const SCENE& scene, const SceneLists& lists, int64_t mostFaces) {
-    collect(scene, lists, static_cast<size_t>(mostFaces));
+PairList::PairList(const SCENE& scene, const SceneLists& lists, int64_t most) {
+    collect(scene, lists, static_cast<size_t>(most));
     if (!tooLong_)
         sortByMaterial(lists.materials.size());
     entries_ = {};
 }
 
-void PairList::collect(const SCENE& scene, const SceneLists& lists, size_t mostFaces) {
+void PairList::collect(const SCENE& scene, const SceneLists& lists, size_t most) {
     const std::vector<bool> seen = seenMaterials(lists.materials);
     const VIEW* view = viewOf(scene);
     const int objects = view != nullptr ? cacheEntryCount(*view) : 0;
     for (int object = 0; object < objects && !tooLong_; ++object) {
         const ItemRange range = seenFaces(lists, object);
         for (int f = range.first; f < range.end(); ++f) {
-            const int material = lists.faces.items()[f].material;
+            const FACE& face = lists.faces.items()[f];
+            const int material = face.material;
             if (material < 0 || material >= lists.materials.size() ||
                 !seen[static_cast<size_t>(material)])
                 continue;
-            if (entries_.size() >= mostFaces) {
-                tooLong_ = true;
-                break;
-            }
             entries_.push_back({material, object, f});
+            triangles_ += static_cast<size_t>(faceTriangles(lists, f, face.flags).triangleCount);
+            tooLong_ = entries_.size() > most || triangles_ > most;
+            if (tooLong_)
+                break;
         }
     }
 }

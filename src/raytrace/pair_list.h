@@ -26,10 +26,12 @@ struct MaterialPair {
 /// face.
 class PairList {
   public:
-    /// `mostFaces`: isTooLong() when there are more.
-    PairList(const SCENE& scene, const SceneLists& lists, int64_t mostFaces);
+    /// `most`: isTooLong() when there are more faces, or more triangles.
+    PairList(const SCENE& scene, const SceneLists& lists, int64_t most);
 
     bool isTooLong() const { return tooLong_; }
+    /// Triangles of all faces, before any is left out or copied.
+    size_t triangleCount() const { return triangles_; }
     const std::vector<MaterialPair>& pairs() const { return pairs_; }
 
   private:
@@ -38,12 +40,13 @@ class PairList {
         int32_t object;
         int32_t face;
     };
-    void collect(const SCENE& scene, const SceneLists& lists, size_t mostFaces);
+    void collect(const SCENE& scene, const SceneLists& lists, size_t most);
     void sortByMaterial(int materials);
 
     std::vector<Entry> entries_; ///< empty once sorted
     std::vector<int32_t> faces_; ///< of all pairs
     std::vector<MaterialPair> pairs_;
+    size_t triangles_ = 0;
     bool tooLong_ = false;
 };
 

@@ -31,6 +31,7 @@ class ScenePacker {
         const PairList list(scene, lists_, limits_.triangles);
         if (list.isTooLong())
             return false;
+        reserve(list);
         for (const MaterialPair& pair : list.pairs())
             if (!packPair(pair))
                 return false;
@@ -38,6 +39,16 @@ class ScenePacker {
     }
 
   private:
+    /// Room for every triangle, and a third again for those in several cells: memory that is not
+    /// used costs nothing, growing does.
+    void reserve(const PairList& list) {
+        const size_t vertices = 4 * list.triangleCount();
+        packed_.vertices.reserve(vertices);
+        packed_.normals.reserve(vertices);
+        packed_.uvs.reserve(vertices);
+        packed_.materialRecords.reserve(list.pairs().size());
+    }
+
     int64_t roomForTriangles() const { return limits_.triangles - packed_.triangleCount(); }
 
     bool packPair(const MaterialPair& pair) {
