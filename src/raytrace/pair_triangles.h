@@ -25,7 +25,7 @@ struct PairTriangles {
     bool read(const SceneLists& lists, const MaterialPair& pair, int record, int64_t mostTriangles);
 
   private:
-    void readFace(const SceneLists& lists, int face, float record);
+    void readFace(const SceneLists& lists, int number, float record);
 };
 
 } // namespace ogl
