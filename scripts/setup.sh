@@ -5,7 +5,7 @@
 
 usage() {
     cat <<'END'
-Usage: scripts/setup.sh [run] [test] [bench] [windows]
+Usage: scripts/setup.sh [run] [test] [bench] [windows] [package]
 
 Installs from Debian and npm, by name, what the named commands need; installs nothing that is
 there already. "windows" also prepares the cross builds: GLEW for MinGW into build/glew-win32 and
@@ -29,6 +29,7 @@ build_packages=(
     libglu1-mesa-dev
     libglx-mesa0
     libstb-dev
+    libtinyobjloader-dev
     libx11-dev
     ninja-build
     nlohmann-json3-dev
@@ -40,8 +41,10 @@ test_packages=(
     clang
     clang-format
     clang-tidy
+    doxygen
     libgtest-dev
     libxtst-dev
+    pkgconf
     python3
 )
 bench_packages=(libbenchmark-dev)
@@ -50,7 +53,9 @@ windows_packages=(
     g++-mingw-w64-i686-posix
     g++-mingw-w64-x86-64-posix
     googletest
+    llvm
 )
+package_packages=(dpkg-dev python3)
 
 packages=("${build_packages[@]}")
 # Any Node with its npm will do; Debian's is taken when there is none.
@@ -67,6 +72,10 @@ for command in "$@"; do
         viewer=tests
         ;;
     bench) packages+=("${bench_packages[@]}") ;;
+    package)
+        packages+=("${package_packages[@]}" "${windows_packages[@]}")
+        windows=yes
+        ;;
     windows)
         packages+=("${windows_packages[@]}")
         windows=yes
