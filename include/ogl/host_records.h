@@ -1,9 +1,10 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
 //
-// The records that a host shares with the library, byte for byte. All are little-endian, packed
-// without padding and hold 32-bit addresses. Bytes that the library never touches are named gaps.
-// Fields are read and written by value: never take a pointer or a reference to one.
+/// @file
+/// The records that a host shares with the library, byte for byte. All are little-endian, packed
+/// without padding and hold 32-bit addresses. Bytes that the library never touches are named gaps.
+/// Fields are read and written by value: never take a pointer or a reference to one.
 #pragma once
 
 #include "ogl/ptr32.h"
@@ -34,79 +35,80 @@ inline constexpr uint32_t kDrawInlineTextures = 0x2000000; ///< inline textures 
 inline constexpr uint32_t kCreateInputDevices = 0x2; ///< keyboard and mouse for di_GetState
 
 // kinds of d3_ReleasePointer
-inline constexpr int kReleaseTextureImage = 1;
-inline constexpr int kReleaseMeshBatches = 2;
-inline constexpr int kReleaseBatchSet = 3;
+inline constexpr int kReleaseTextureImage = 1; ///< of d3_CreateTextureFromFileInMemory
+inline constexpr int kReleaseMeshBatches = 2;  ///< CACHEENTRY::meshBatches
+inline constexpr int kReleaseBatchSet = 3;     ///< CACHEENTRY::otherBatches, edgeRecord
 
 // photoOptions, drawingOptions
-inline constexpr uint32_t kOptionBackgroundColor = 0x10; ///< drawingOptions only
-inline constexpr uint32_t kOptionSingleColorEdges = 0x20;
-inline constexpr uint32_t kOptionRoundEdgeEnds = 0x100;
-inline constexpr uint32_t kOptionHiddenEdges = 0x200;
+inline constexpr uint32_t kOptionBackgroundColor = 0x10;  ///< drawingOptions only
+inline constexpr uint32_t kOptionSingleColorEdges = 0x20; ///< all edges in one colour
+inline constexpr uint32_t kOptionRoundEdgeEnds = 0x100;   ///< marks at the ends of edges
+inline constexpr uint32_t kOptionHiddenEdges = 0x200;     ///< hidden edges, dashed
 
 // lightFlags
-inline constexpr uint32_t kLightSunAndPortals = 0x10000;
-inline constexpr uint32_t kLightSunPresent = 0x20000;
-inline constexpr uint32_t kLightSunFromDate = 0x40000;
-inline constexpr uint32_t kLightInterior = 0x80000;
-inline constexpr uint32_t kLightSketchEdges = 0x100000;
-inline constexpr uint32_t kLightMonochrome = 0x400000;
-inline constexpr uint32_t kLightBackgroundColor = 0x1000000;
+inline constexpr uint32_t kLightSunAndPortals = 0x10000; ///< sun and window light on
+inline constexpr uint32_t kLightSunPresent = 0x20000;    ///< there is a sun
+inline constexpr uint32_t kLightSunFromDate =
+    0x40000; ///< sun by date, time and site, else by its angles
+inline constexpr uint32_t kLightInterior = 0x80000;          ///< sun only through windows
+inline constexpr uint32_t kLightSketchEdges = 0x100000;      ///< sketched edges on
+inline constexpr uint32_t kLightMonochrome = 0x400000;       ///< without colours
+inline constexpr uint32_t kLightBackgroundColor = 0x1000000; ///< backgroundColor, else white
 
 // overlayFlags, symbol.flags
-inline constexpr uint32_t kOverlaySymbols = 0x8000;
-inline constexpr uint32_t kOverlaySecondBox = 0x4; ///< together with kViewSecondBox
-inline constexpr uint8_t kSymbolMirrored = 0x1;
+inline constexpr uint32_t kOverlaySymbols = 0x8000; ///< draws symbol1 and symbol2
+inline constexpr uint32_t kOverlaySecondBox = 0x4;  ///< together with kViewSecondBox
+inline constexpr uint8_t kSymbolMirrored = 0x1;     ///< drawn mirrored
 
 // hudFlags
 inline constexpr uint8_t kHudPaths = 0x1;       ///< paths in the view overlays
 inline constexpr uint8_t kHudStatistics = 0x80; ///< frame rate, size, counts
 
 // geometry.flags
-inline constexpr uint32_t kGeometryPlanView = 0x8;
-inline constexpr uint32_t kGeometryShadowsChanged = 0x40;
-inline constexpr uint32_t kGeometryLightsChanged = 0x200;
-inline constexpr uint32_t kGeometryTwoSided = 0x10000; ///< changes which faces are two-sided
+inline constexpr uint32_t kGeometryPlanView = 0x8;        ///< plan from above
+inline constexpr uint32_t kGeometryShadowsChanged = 0x40; ///< shadow maps are out of date
+inline constexpr uint32_t kGeometryLightsChanged = 0x200; ///< lights were changed
+inline constexpr uint32_t kGeometryTwoSided = 0x10000;    ///< changes which faces are two-sided
 
 // object.flags, object.highlight, object.kind
 inline constexpr uint32_t kObjectNotDrawn = 0x20002008;    ///< any of these bits
 inline constexpr uint32_t kHighlightSelected = 0x10000000; ///< red; yellow with the other bit
 inline constexpr uint32_t kHighlightMarked = 0x20000000;   ///< blue; yellow with the other bit
-inline constexpr uint8_t kObjectKindNoSilhouette = 6;
+inline constexpr uint8_t kObjectKindNoSilhouette = 6;      ///< contributes no silhouettes
 
 // face.flags
-inline constexpr uint32_t kFaceNoHighlight = 0x4; ///< not in its object's highlight outline
-inline constexpr uint32_t kFaceUnlit = 0x10;      ///< on the first face of a cluster
-inline constexpr uint32_t kFaceVertexNormals = 0x100000;
+inline constexpr uint32_t kFaceNoHighlight = 0x4;         ///< not in its object's highlight outline
+inline constexpr uint32_t kFaceUnlit = 0x10;              ///< on the first face of a cluster
+inline constexpr uint32_t kFaceVertexNormals = 0x100000;  ///< normals follow the corners
 inline constexpr uint32_t kFaceTwoSided = 0x20000000;     ///< on the first face of a cluster
 inline constexpr uint32_t kFaceNotRayTraced = 0x40000000; ///< on the first face of a cluster
 inline constexpr uint32_t kFacePortal = 0x40000000; ///< the same bit, on any face of an object
                                                     ///< of kind 1 or 2: a window opening
 
 // material.flags
-inline constexpr uint16_t kMaterialOnlyTextured = 0x1;
-inline constexpr uint16_t kMaterialAlphaTextured = 0x800;
+inline constexpr uint16_t kMaterialOnlyTextured = 0x1;    ///< drawn only with a texture
+inline constexpr uint16_t kMaterialAlphaTextured = 0x800; ///< blended by its texture
 
 // loopStyle.kind, .flags, .style, .penNumber
-inline constexpr uint8_t kLoopOpen = 1;
-inline constexpr uint8_t kLoopClosed = 2;
-inline constexpr uint8_t kLoopHidden = 0x40;
-inline constexpr uint32_t kLoopStyleAlternate = 5;
-inline constexpr uint16_t kLoopNoPen = 65535;
+inline constexpr uint8_t kLoopOpen = 1;            ///< polyline
+inline constexpr uint8_t kLoopClosed = 2;          ///< polygon
+inline constexpr uint8_t kLoopHidden = 0x40;       ///< no edges
+inline constexpr uint32_t kLoopStyleAlternate = 5; ///< in alternateColor
+inline constexpr uint16_t kLoopNoPen = 65535;      ///< has no pen
 
 // view.flags
 inline constexpr uint32_t kViewNoSelection = 0x10; ///< no highlights, no gizmo
 inline constexpr uint32_t kViewMessage = 0x20; ///< with kViewNoSelection: message and frame rate
-inline constexpr uint32_t kViewNoOverlays = 0x100;
+inline constexpr uint32_t kViewNoOverlays = 0x100; ///< no overlays; paced
 inline constexpr uint32_t kViewPaced = 0x300; ///< any of these bits: swaps at least 40 ms apart
-inline constexpr uint32_t kViewNoHud = 0x800;
+inline constexpr uint32_t kViewNoHud = 0x800; ///< no heads-up display
 inline constexpr uint32_t kViewCrossHair = 0x3000; ///< any of these bits, with kViewNoSelection
 inline constexpr uint32_t kViewCursorB = 0x2000;   ///< cross-hair at cursorB, else at cursorA
-inline constexpr uint32_t kViewSecondBox = 0x8000;
-inline constexpr uint32_t kViewGizmo = 0x100000;
+inline constexpr uint32_t kViewSecondBox = 0x8000; ///< with kOverlaySecondBox
+inline constexpr uint32_t kViewGizmo = 0x100000;   ///< axis gizmo
 
 // view.mode
-inline constexpr int32_t kViewModeBox = 1;
+inline constexpr int32_t kViewModeBox = 1;  ///< shows the view box
 inline constexpr int32_t kViewModeMove = 2; ///< move preview of the selected objects
 
 // point3d.flags

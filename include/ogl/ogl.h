@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
 //
-// The functions that the library exports. All are called from one host thread.
+/// @file
+/// The functions that the library exports. All are called from one host thread.
 #pragma once
 
 #include "ogl/host_records.h"

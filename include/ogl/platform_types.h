@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
 //
-// The system handles in the library's interface, and its calling convention.
+/// @file
+/// The system handles in the library's interface, and its calling convention.
 #pragma once
 
 #if defined(_WIN32)

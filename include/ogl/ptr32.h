@@ -1,9 +1,13 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
+//
+/// @file
+/// Addresses of 4 bytes.
 #pragma once
 
 #include <cstdint>
 
+/// Makes fields of a record byte-packed where the pragma alone lets references bind to them.
 #if defined(__GNUC__)
 #define OGL_PACKED __attribute__((packed))
 #else
@@ -19,6 +23,7 @@ namespace ogl {
 template <class T> class OGL_PACKED Ptr32 {
   public:
     Ptr32() = default;
+    /// As set().
     Ptr32(T* pointer) { set(pointer); }
 
     /// The address as a native pointer; null stays null.
@@ -30,11 +35,14 @@ template <class T> class OGL_PACKED Ptr32 {
         address_ = static_cast<uint32_t>(value) == value ? static_cast<uint32_t>(value) : 0u;
     }
 
+    /// As set().
     Ptr32& operator=(T* pointer) {
         set(pointer);
         return *this;
     }
+    /// Whether it is not null.
     explicit operator bool() const { return address_ != 0; }
+    /// The 4 bytes as a number.
     uint32_t address() const { return address_; }
 
   private:

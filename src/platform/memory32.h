@@ -1,5 +1,8 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
+//
+/// @file
+/// Memory below 4 GiB.
 #pragma once
 
 #include <cstddef>

@@ -5,6 +5,7 @@
 // what goes wrong there takes the process along.
 //   unload_probe MODE FOLDER   settings and log in FOLDER; prints "done" and the milliseconds that
 //                              it spent on anything but unloading
+//   unload_probe "no window" FOLDER    where no window can be made: d3_Create gives null, twice
 #include "modules/message_boxes.h"
 #include "ogl/ogl.h"
 #include "platform/win32.h"
@@ -46,6 +47,9 @@ int main(int argc, char** argv) {
         if (library.create == nullptr || library.release == nullptr)
             return 3;
         ogl::RenderContext* const view = library.create(nullptr, 0, iniPath.c_str());
+        if (mode == "no window")
+            return view == nullptr && library.create(nullptr, 0, iniPath.c_str()) == nullptr ? 0
+                                                                                             : 6;
         ogl::RenderContext* const second = library.create(nullptr, 0, iniPath.c_str());
         if (view == nullptr || second == nullptr)
             return 4;

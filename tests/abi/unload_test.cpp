@@ -41,5 +41,20 @@ TEST(Unload, NeitherHangsNorCrashes) {
     }
 }
 
+// Also for the second try, which finds the ended thread of the first one.
+TEST(OwnWindow, ViewsAreNullInBoundedTimeWhereNoWindowCanBeMade) {
+    if (!test::platformLayerIsOurs())
+        GTEST_SKIP() << "a process of Windows cannot be kept from making windows";
+    const std::filesystem::path self = test::programPath();
+    const test::TempFolder folder;
+    const auto start = std::chrono::steady_clock::now();
+    const test::ProcessResult result =
+        test::runProgram((self.parent_path() / "ogl_unload_probe").string(),
+                         {"no window", folder.path()}, {{"DISPLAY", ""}});
+    EXPECT_EQ(result.exitCode, 0) << result.output;
+    // A wait for a window that never comes would take ten seconds each.
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(9));
+}
+
 } // namespace
 } // namespace ogl
