@@ -1,7 +1,7 @@
 # SPDX-FileCopyrightText: The ogl authors
 # SPDX-License-Identifier: MIT
 
-# cmake -DBUILD=build-folder -DSOURCE=this-folder [-DTOOLCHAIN=file -DEMULATOR=command] -P run.cmake
+# cmake -DBUILD=build-folder -DSOURCE=this-folder [-DTOOLCHAIN=file] -P run.cmake
 # Installs the build into a folder of its own, moves it, and builds and runs hosts against what is
 # there, found by CMake and by pkg-config.
 set(work ${BUILD}/package-test)
@@ -24,7 +24,8 @@ run(${CMAKE_COMMAND} ${options} -S ${installed}/share/doc/ogl/examples/minimal_h
 run(${CMAKE_COMMAND} --build ${work}/sample)
 if(TOOLCHAIN)
     file(COPY ${installed}/bin/ogl.dll DESTINATION ${work}/sample)
-    execute_process(COMMAND ${EMULATOR} ./minimal_host.exe --try WORKING_DIRECTORY ${work}/sample
+    execute_process(COMMAND ${SOURCE}/../../scripts/wine.sh run --timeout 200
+                            ./minimal_host.exe --try WORKING_DIRECTORY ${work}/sample
                     COMMAND_ERROR_IS_FATAL ANY)
     file(SIZE ${work}/sample/house.bmp size)
     if(size LESS 1000)
