@@ -140,6 +140,8 @@ void BareFrame::drawMeshes(const ScreenRect* rect) const {
 }
 
 void BareFrame::drawEdges(const ScreenRect* rect) const {
+    if (edgeVertices_ == 0)
+        return; // no buffer either
     glEnableClientState(GL_VERTEX_ARRAY);
     glEnable(GL_BLEND);
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);

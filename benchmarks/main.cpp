@@ -3,6 +3,7 @@
 #include "bench_batches.h"
 #include "bench_export.h"
 #include "bench_frame.h"
+#include "bench_photo.h"
 #include "bench_pick.h"
 #include "bench_raytrace.h"
 #include "bench_shadow.h"
@@ -30,6 +31,7 @@ constexpr Bench kBenches[] = {
     {"batches", always<benchBatches>},
     {"export", always<benchExport>},
     {"frame", benchFrame},
+    {"photo", benchPhoto},
     {"pick", always<benchPick>},
     {"raytrace", always<benchRayTrace>},
     {"shadow", benchShadow},

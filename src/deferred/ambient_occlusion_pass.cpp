@@ -16,6 +16,7 @@ namespace {
 
 constexpr float kRadiusScale = 1.5f; ///< metres
 constexpr float kStrengthScale = 1.75f;
+constexpr float kLeastStrength = 0.01f; ///< as in "imgAO"
 constexpr float kCountScale = 16.0f;
 constexpr float kLeastCount = 8.0f;
 constexpr float kPatternSize = 4.0f; ///< pixels; its square is the number of seed rows
@@ -27,6 +28,10 @@ int sampleCount(float occlusion) {
 }
 
 } // namespace
+
+bool AmbientOcclusionPass::isNone(float occlusion) {
+    return occlusion * kStrengthScale < kLeastStrength;
+}
 
 void AmbientOcclusionPass::draw() const {
     const DebugGroup group("ambient occlusion");

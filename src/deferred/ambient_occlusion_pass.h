@@ -17,6 +17,9 @@ struct AmbientOcclusionPass {
 
     void draw() const;
 
+    /// Whether an occlusion is too little to be drawn.
+    static bool isNone(float occlusion);
+
   private:
     void setUniforms() const;
 };

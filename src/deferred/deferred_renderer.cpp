@@ -160,8 +160,8 @@ void DeferredRenderer::drawFrame(int set, int frameWidth, int frameHeight, bool 
     const FrameLights lights{sunLight_.get(),
                              lights_,
                              {(drawFlags & kDrawShadows) != 0, jitterTexture_, shadowSamples_}};
-    FramePasses{*this,        batches_.meshes(),     programs_, frame, lights, seeds_,
-                environment_, [this] { drawSky(); }, fxaa}
+    FramePasses{*this,        batches_.meshes(),     programs_, frame,    lights, seeds_,
+                environment_, [this] { drawSky(); }, fxaa,      passDrawn}
         .draw();
 }
 

@@ -8,6 +8,7 @@
 #include "gpu/frame_target_set.h"
 
 #include <array>
+#include <functional>
 
 namespace ogl {
 
@@ -30,6 +31,9 @@ class DeferredRenderer : public ShadowRenderer {
     /// around a pixel, when the bitmap has another size than the view.
     int drawToBitmap(HBITMAP bitmap) override;
 
+    const DeferredPrograms& programs() const { return programs_; }
+    /// Called after each pass of a frame; may be empty.
+    std::function<void(const char* pass)> passDrawn;
     /// Shadow maps drawn since the renderer was made.
     int shadowMapsDrawn() const { return shadowMapsDrawn_; }
 

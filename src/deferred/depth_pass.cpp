@@ -19,7 +19,7 @@ void DepthPass::draw() const {
     glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
     glColorMask(GL_FALSE, GL_FALSE, GL_FALSE, GL_FALSE);
     program.use();
-    OpaqueSurfaces{renderer, meshes, program, kDiffuseMap | kOpacityMap}.draw();
+    OpaqueSurfaces{renderer, meshes, program, kDiffuseMap | kOpacityMap, true}.draw();
     ShaderProgram::useNone();
     glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
 }

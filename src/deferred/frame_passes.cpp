@@ -20,6 +20,8 @@
 #include "gpu/gl_debug.h"
 #include "gpu/gl_state.h"
 
+#include <algorithm>
+
 namespace ogl {
 
 namespace {
@@ -60,11 +62,44 @@ void FramePasses::drawSurfaces() const {
     note("g-buffer");
 }
 
+/// Whether the ambient light is all there is.
+bool FramePasses::isLitEvenly() const {
+    const SCENE& scene = *renderer.scene;
+    const bool daylight = (scene.lightFlags & kLightSunAndPortals) != 0;
+    if (daylight && lights.sun != nullptr)
+        return false;
+    const auto isOff = [daylight](const std::unique_ptr<Light>& light) {
+        return light->kind == LightKind::Portal && !daylight;
+    };
+    return AmbientOcclusionPass::isNone(occlusionStrength(scene)) &&
+           std::ranges::all_of(lights.list, isOff);
+}
+
+/// What occlusion, lights and blur come to in even light.
+void FramePasses::clearLight() const {
+    const float ambient = ambientLight(*renderer.scene);
+    RenderTarget& target = *frame.targets.lightTarget;
+    target.bind();
+    target.setAllDrawBuffers();
+    glClearColor(ambient, ambient, ambient, 0.0f);
+    glClear(GL_COLOR_BUFFER_BIT);
+    target.unbind();
+}
+
 /// Into attachment 1 of the light target, and smoothed into attachment 0.
 void FramePasses::drawLight() const {
     const SCENE& scene = *renderer.scene;
+    const bool evenly = isLitEvenly();
+    if (evenly) {
+        clearLight();
+        note("even light");
+        if ((scene.lightFlags & kLightSketchEdges) == 0)
+            return;
+    }
     EdgeMaskPass{programs.get(kImgEdge), frame}.draw();
     note("edge mask");
+    if (evenly)
+        return;
     AmbientOcclusionPass{programs.get(kImgAO), frame, seeds, ambientLight(scene),
                          occlusionStrength(scene)}
         .draw();

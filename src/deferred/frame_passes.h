@@ -38,6 +38,8 @@ struct FramePasses {
   private:
     void drawSurfaces() const;
     void drawLight() const;
+    bool isLitEvenly() const;
+    void clearLight() const;
     void drawPicture() const;
     void note(const char* pass) const;
 };

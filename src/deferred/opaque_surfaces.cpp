@@ -27,6 +27,10 @@ void OpaqueSurfaces::draw() const {
         if (isSkipped(lists.materials[m]) || !showsAny(m, lists, view))
             continue;
         const BoundMaterial bound = shading.bindTextures(lists.materials[m]);
+        if (depthOnly && !bound.textured && !bound.alphaMap) {
+            drawDepth(m, lists, view);
+            continue;
+        }
         shading.setColor(lists.materials[m], bound);
         program.setFloat("faceID", static_cast<float>(m));
         for (const MeshDraw& draw : meshes.of(m))
@@ -37,6 +41,14 @@ void OpaqueSurfaces::draw() const {
     unbindAllArrays();
     for (int unit = kLastMapUnit; unit >= 0; --unit)
         resetTextureUnit(unit);
+}
+
+void OpaqueSurfaces::drawDepth(int material, const SceneLists& lists, const VIEW* view) const {
+    ShaderProgram::useNone();
+    for (const MeshDraw& draw : meshes.of(material))
+        if (isOpaque(draw) && isStillDrawn(draw, lists, view))
+            draw.batch->drawWithin(renderer.tileVolume, kDrawPositions, draw.batch->primitiveMode);
+    program.use();
 }
 
 bool OpaqueSurfaces::showsAny(int material, const SceneLists& lists, const VIEW* view) const {

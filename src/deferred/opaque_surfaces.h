@@ -14,11 +14,14 @@ struct OpaqueSurfaces {
     const DrawLists& meshes;
     const ShaderProgram& program; ///< "objGBuffer", in use
     unsigned maps;                ///< of materials that are bound, when textures are on
+    /// What no map cuts holes into is drawn without the program: for its depth alone.
+    bool depthOnly = false;
 
     /// Leaves the maps' units reset.
     void draw() const;
 
   private:
+    void drawDepth(int material, const SceneLists& lists, const VIEW* view) const;
     bool showsAny(int material, const SceneLists& lists, const VIEW* view) const;
 };
 
