@@ -43,7 +43,8 @@ DeferredRenderer::DeferredRenderer(RenderContext& creator) : ShadowRenderer(crea
 DeferredRenderer::~DeferredRenderer() = default;
 
 int DeferredRenderer::clearBackground() {
-    return Renderer::clearBackground();
+    clearToSceneBackground();
+    return 1;
 }
 
 int DeferredRenderer::createResources() {

@@ -80,8 +80,8 @@ LightList lightsOf(const SCENE& scene, std::span<const PortalRecord> portals) {
     const ListView<LIGHT> records(scene.geometry.lights);
     LightList lights;
     for (int i = kFirstLamp; i < records.size(); ++i)
-        if (std::unique_ptr<Light> lamp = lampOf(records[i]))
-            lights.push_back(std::move(lamp));
+        lights.push_back(lampOf(records[i]));
+    std::erase(lights, nullptr);
     for (const PortalRecord& portal : portals)
         lights.push_back(portalLight(portal));
     return lights;

@@ -28,8 +28,13 @@ Renderer::~Renderer() {
 }
 
 int Renderer::clearBackground() {
+    clearToSceneBackground();
+    return 1;
+}
+
+void Renderer::clearToSceneBackground() {
     if (scene == nullptr)
-        return 1;
+        return;
     const uint32_t color = scene->geometry.backgroundColor;
     uint32_t channels[3] = {color & 0xffu, color >> 8 & 0xffu, color >> 16 & 0xffu};
     if ((drawFlags & kDrawGrey) != 0)
@@ -37,7 +42,6 @@ int Renderer::clearBackground() {
     for (int i = 0; i < 3; ++i)
         clearColor[i] = static_cast<float>(channels[i]) / 255.0f;
     clearTo(clearColor[0], clearColor[1], clearColor[2]);
-    return 1;
 }
 
 void Renderer::clearTo(float red, float green, float blue) {

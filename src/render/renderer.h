@@ -129,6 +129,8 @@ class Renderer {
     std::array<FrameTimer, 6> timers;
 
   protected:
+    /// Clears to the scene's background colour, grey when the drawing flags ask for grey.
+    void clearToSceneBackground();
     /// Clears colour (alpha 1) and depth and resets texture units 3 to 0.
     void clearTo(float red, float green, float blue);
 };

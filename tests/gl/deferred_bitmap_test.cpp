@@ -31,8 +31,10 @@ class DeferredBitmapTest : public test::PhotoTest {
         scene_->addFace(plate(-40, -40, 40, 40, 0, floor));
         for (int k = 0; k < 9; ++k) {
             scene_->addObject();
-            const float x = static_cast<float>(k % 3) * 4 - 5;
-            const float y = static_cast<float>(k / 3) * 4 - 5;
+            const int column = k % 3;
+            const int row = k / 3;
+            const float x = static_cast<float>(column) * 4 - 5;
+            const float y = static_cast<float>(row) * 4 - 5;
             addBox(*scene_, {x, y, 0}, {x + 2, y + 2, 1 + 0.5f * static_cast<float>(k % 4)},
                    k == 4 ? pane : box);
         }

@@ -83,8 +83,10 @@ struct KnownMap {
         return map;
     }
     const Texel& texel(int x, int y) const {
-        return texels[static_cast<size_t>(std::clamp(y, 0, height - 1) * width +
-                                          std::clamp(x, 0, width - 1))];
+        const int row = std::clamp(y, 0, height - 1);
+        const int column = std::clamp(x, 0, width - 1);
+        return texels[static_cast<size_t>(row) * static_cast<size_t>(width) +
+                      static_cast<size_t>(column)];
     }
     /// At texture coordinates 0 .. 1.
     const Texel& at(float u, float v) const {
