@@ -175,7 +175,20 @@ TEST_F(TranslucentPassTest, PanesAreDrawnFromBackToFront) {
     }
 }
 
-TEST_F(TranslucentPassTest, WallsHideGlassAndGlassHidesNothing) {
+/// A pane drawn too early, by a reference point far off, hides none behind it.
+TEST_F(TranslucentPassTest, GlassHidesNoGlass) {
+    const MATERIAL red = glass({220, 40, 40}, 0.5f);
+    const MATERIAL blue = glass({40, 40, 220}, 0.6f);
+    addPane(red, 5);
+    addPane(blue, 2);
+    heights_[0].second = -5;
+    select();
+    const Look redLook = lookOf(red, {0.05f, 0.05f, 5}, parts({220, 40, 40}), 0.5f, {});
+    const Look blueLook = lookOf(blue, {0.05f, 0.05f, 2}, parts({40, 40, 220}), 0.6f, {});
+    expectPixel(pixelAt(drawFrame(), 0, 0), over(blueLook, over(redLook, shown(kWall))), "both");
+}
+
+TEST_F(TranslucentPassTest, WallsHideGlass) {
     const MATERIAL pane = glass({60, 160, 90}, 0.5f);
     addPane(pane, -2);                  // behind the wall
     addPane(glass({0, 0, 0}, 0.0f), 3); // invisible
