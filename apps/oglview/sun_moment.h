@@ -8,7 +8,7 @@
 namespace oglview {
 
 /// Where the library puts the sun. Throws UserError for what it cannot take.
-ogl::SunPosition calculateSun(const DayAndPlace& moment);
+ogl::SunPosition calculateSun(const DayAndPlace& at);
 
 /// Where the sun stands at that moment, as seen in the model.
 SunPosition sunInModel(const DayAndPlace& moment);
