@@ -28,8 +28,12 @@ constexpr const char* kSuccess = "fin avec succ\xE8s";
 RenderContext* createView(HWND window, unsigned flags, const char* iniPath) {
     hostDebugLog().write(0, kOperation, kBegin, 0);
     if (window == nullptr) {
-        if (!ensureOwnWindow(processState().moduleInstance))
+        if (!ensureOwnWindow(processState().moduleInstance)) {
+            ErrorLog log;
+            log.open(logPathFor(iniPath));
+            log.write("Error", "No own window", "");
             return nullptr;
+        }
         window = ownWindow();
     }
     auto context = std::make_unique<RenderContext>(window, flags, iniPath);

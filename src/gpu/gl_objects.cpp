@@ -163,9 +163,9 @@ void viewClosed() {
     Registry& all = registry();
     if (wglGetCurrentContext() != nullptr)
         deleteReleasedObjects();
-    reportLiveObjects();
     if (--all.views > 0)
-        return;
+        return; // what lives may be in use by the views that are still open
+    reportLiveObjects();
     all.views = 0;
     ++all.era;
     all.released.clear();

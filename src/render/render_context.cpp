@@ -68,19 +68,22 @@ GlVersion readVersion() {
     return version;
 }
 
+/// Of the configuration file, with its last backslash.
+std::string viewDirectory(const std::string& iniPath) {
+    return iniPath.empty() ? "\\" : directoryOf(iniPath);
+}
+
 } // namespace
+
+std::string logPathFor(const std::string& iniPath) {
+    return viewDirectory(iniPath) + "ogl.log";
+}
 
 RenderContext::RenderContext(HWND viewWindow, unsigned createFlags, const char* iniPath)
     : window(viewWindow), flags(createFlags) {
-    std::string settingsPath = iniPath;
-    if (settingsPath.empty()) {
-        settingsPath = "space.ini";
-        directory.assign(1, '\\');
-    } else {
-        directory = directoryOf(settingsPath);
-    }
-    errorLog.open(directory + "ogl.log");
-    if (!settings.load(settingsPath))
+    directory = viewDirectory(iniPath);
+    errorLog.open(logPathFor(iniPath));
+    if (!settings.load(*iniPath != '\0' ? iniPath : "space.ini"))
         logError("No options in space.ini found!");
     if ((flags & kCreateInputDevices) == 0 || !input.create(window))
         logError("Keyboard mouse problem!");

@@ -18,6 +18,9 @@ inline constexpr int kVendorNvidia = 1;
 inline constexpr int kVendorAti = 2;
 inline constexpr int kVendorIntel = 3;
 
+/// The log's file for a configuration file: beside it, or in the root directory without a name.
+std::string logPathFor(const std::string& iniPath);
+
 /// One view of a host: its window surfaces, settings, log and input devices. Renderers keep
 /// pointers into it; they stay valid for its lifetime.
 class RenderContext {

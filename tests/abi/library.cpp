@@ -20,6 +20,7 @@ template <class Function> void find(HMODULE module, const char* name, Function& 
 
 Library load() {
     const std::filesystem::path folder = std::filesystem::path(programPath()).parent_path();
+    setEnvironment("OGL_DEBUG", "1"); // tests look at what it prints
     LoadLibraryA((folder / OGL_SILENT_TRACE).string().c_str());
     Library loaded;
     loaded.module = LoadLibraryA("ogl.dll");

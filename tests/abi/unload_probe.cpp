@@ -5,13 +5,17 @@
 // what goes wrong there takes the process along.
 //   unload_probe MODE FOLDER   settings and log in FOLDER; prints "done" and the milliseconds that
 //                              it spent on anything but unloading
-//   unload_probe "no window" FOLDER    where no window can be made: d3_Create gives null, twice
+//   unload_probe "no window" FOLDER    d3_Create gives null, twice, where no window can be made
+//   unload_probe "window refused" FOLDER    the same on Windows, where this program takes the
+//                              window's class; then a view, where windows can be made again
 #include "modules/message_boxes.h"
 #include "ogl/ogl.h"
 #include "platform/win32.h"
 
 #include <chrono>
 #include <cstdio>
+#include <fstream>
+#include <iterator>
 #include <string>
 
 namespace {
@@ -28,9 +32,51 @@ struct Library {
     }
 };
 
-} // namespace
+LRESULT CALLBACK refuse(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    return message == WM_CREATE ? -1 : DefWindowProcA(window, message, wParam, lParam);
+}
+
+/// Takes the name of the library's window class, for the library's next window.
+bool refuseOwnWindow(HMODULE module) {
+    WNDCLASSEXA windowClass{};
+    windowClass.cbSize = sizeof windowClass;
+    windowClass.lpfnWndProc = refuse;
+    windowClass.hInstance = module;
+    windowClass.lpszClassName = "MyWindowClass";
+    return RegisterClassExA(&windowClass) != 0;
+}
 
 using Clock = std::chrono::steady_clock;
+
+bool logSaysNoWindow(const std::string& folder) {
+    std::ifstream log(folder + "/ogl.log");
+    const std::string text{std::istreambuf_iterator<char>(log), {}};
+    return text.find("No own window") != std::string::npos;
+}
+
+/// Two views that cannot be, and one that can when `refused`; the number of the step that fails.
+int tryWithoutWindow(const Library& library, const std::string& folder, bool refused) {
+    const std::string iniPath = folder + "\\space.ini";
+    const Clock::time_point start = Clock::now();
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        if (refused && !refuseOwnWindow(library.module))
+            return 6;
+        if (library.create(nullptr, 0, iniPath.c_str()) != nullptr)
+            return 7;
+    }
+    // A wait for a window that never comes takes ten.
+    if (Clock::now() - start > std::chrono::seconds(9))
+        return 8;
+    if (!logSaysNoWindow(folder))
+        return 9;
+    if (!refused)
+        return 0;
+    ogl::RenderContext* const view = library.create(nullptr, 0, iniPath.c_str());
+    library.release(view);
+    return view != nullptr && !logSaysNoWindow(folder) ? 0 : 10;
+}
+
+} // namespace
 
 int main(int argc, char** argv) {
     if (argc < 3)
@@ -46,10 +92,9 @@ int main(int argc, char** argv) {
         const Library library;
         if (library.create == nullptr || library.release == nullptr)
             return 3;
+        if (mode == "no window" || mode == "window refused")
+            return tryWithoutWindow(library, argv[2], mode == "window refused");
         ogl::RenderContext* const view = library.create(nullptr, 0, iniPath.c_str());
-        if (mode == "no window")
-            return view == nullptr && library.create(nullptr, 0, iniPath.c_str()) == nullptr ? 0
-                                                                                             : 6;
         ogl::RenderContext* const second = library.create(nullptr, 0, iniPath.c_str());
         if (view == nullptr || second == nullptr)
             return 4;
