@@ -9,7 +9,7 @@
 
 #include "shared/surface_normal.glsl"
 
-varying vec3 worldVertex;
+centroid varying vec3 worldVertex;
 
 uniform sampler2D diffuseMap;
 uniform sampler2D specularMap;

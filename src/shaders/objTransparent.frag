@@ -10,8 +10,8 @@
 #include "shared/tone.glsl"
 #include "shared/wrap_light.glsl"
 
-varying vec3 worldPos;
-varying vec3 worldNormal;
+centroid varying vec3 worldPos;
+centroid varying vec3 worldNormal;
 
 uniform sampler2D diffuseMap;
 uniform sampler2D opacityMap;

@@ -4,8 +4,8 @@
 // Translucent surfaces: scene coordinates to the fragment shader.
 #version 120
 
-varying vec3 worldPos;
-varying vec3 worldNormal;
+centroid varying vec3 worldPos;
+centroid varying vec3 worldNormal;
 
 void main() {
     worldPos = gl_Vertex.xyz;

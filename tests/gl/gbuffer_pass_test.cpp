@@ -79,6 +79,9 @@ class GBufferPassTest : public test::DeferredBench {
         scene_->addFace(plate(0, -8, 8, 0, 0, first + 1));
         scene_->addFace(plate(-6, -6, 6, -4, 1, first + 2));
         scene_->addFace(plate(-8, 2, 8, 8, 0, first + 3));
+        showScene();
+    }
+    void showScene() {
         scene_->commit();
         batches_.rebuildAll(*renderer_, Box{});
         renderer_->setSize(kSide, kSide);
@@ -125,6 +128,28 @@ TEST_F(GBufferPassTest, SurfacesAreKeptWithTheirMaterials) {
     expectTexel(places[nothing], kNothing, kHalfPrecision);
     expectTexel(surfaces[nothing], kNothing, kHalfPrecision);
     expectTexel(colors[nothing], {kBackground.x, kBackground.y, kBackground.z, 1}, kHalfPrecision);
+}
+
+TEST_F(GBufferPassTest, SamplesAtAnEdgeLieOnTheirSurface) {
+    scene_->addMaterial(plainMaterial());
+    scene_->addObject();
+    scene_->addFace(test::quad({-5, -5, 0}, {-3, 5, 0}, {5, 5, 0}, {5, -5, 0}, 0));
+    showScene();
+    const FrameView view = sceneFrame();
+    GBufferPass{*renderer_, batches_.meshes(), program(kObjGBuffer), view, kBackground, {}}.draw();
+    int partly = 0;
+    for (int sample = 0; sample < view.samples; ++sample) {
+        const auto places = surfacesOf(kPlaces, sample);
+        const auto surfaces = surfacesOf(kSurfaces, sample);
+        for (size_t i = 0; i < pixels(); ++i) {
+            if (surfaces[i][2] < 0.5f)
+                continue;
+            const float pastEdge = places[i][0] - (-4 + places[i][1] * 0.2f);
+            EXPECT_GT(pastEdge, -0.02f) << places[i][0] << ", " << places[i][1];
+            partly += pastEdge < 0.2f;
+        }
+    }
+    EXPECT_GT(partly, 20);
 }
 
 TEST_F(GBufferPassTest, TheSkyLiesBehindTheSurfaces) {

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 //
 // The normal of a surface in scene coordinates, bent by a normal map when there is one.
-varying vec3 worldNormal;
-varying vec3 worldTangent;
-varying vec3 worldBitangent;
+centroid varying vec3 worldNormal;
+centroid varying vec3 worldTangent;
+centroid varying vec3 worldBitangent;
 varying vec3 texCoord;
 
 uniform sampler2D normalMap;

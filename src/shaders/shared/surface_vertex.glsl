@@ -2,11 +2,12 @@
 // SPDX-License-Identifier: MIT
 //
 // What the fragment shaders of surfaces read, in scene coordinates. The tangent arrives as the
-// secondary colour.
-varying vec3 worldVertex;
-varying vec3 worldNormal;
-varying vec3 worldTangent;
-varying vec3 worldBitangent;
+// secondary colour. Centroid: where a pixel's middle lies beside a narrow surface, places and normals
+// beyond its edge would be lit from where the surface never looks.
+centroid varying vec3 worldVertex;
+centroid varying vec3 worldNormal;
+centroid varying vec3 worldTangent;
+centroid varying vec3 worldBitangent;
 varying vec3 texCoord;
 
 void passSurface() {
