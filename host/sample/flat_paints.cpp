@@ -27,8 +27,8 @@ Material shiny(const char* name, Color color, float reflection, float glossiness
 }
 
 Material metal(const char* name, Color color, float reflection) {
-    Material material = shiny(name, color, reflection, 0.8f);
-    material.specular = 0.3f;
+    Material material = shiny(name, color, reflection, 0.35f);
+    material.specular = 0.2f;
     return material;
 }
 

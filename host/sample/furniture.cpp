@@ -203,7 +203,7 @@ void addCurtains(MeshBrush& brush, const FlatPaints& paints, const Frame& frame,
                  double top) {
     brush.setFrame(frame);
     constexpr double kPanel = 0.42;
-    constexpr int kColumns = 61;
+    constexpr int kColumns = 121;
     brush.setPaint(paints.curtain);
     for (const double start : {-width * 0.5 - kPanel * 0.8, width * 0.5 - kPanel * 0.2}) {
         std::vector<Vec3> points;
