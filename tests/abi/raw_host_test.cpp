@@ -26,8 +26,6 @@ TEST(RawHost, CallsEveryExportByHandWrittenPrototypes) {
     }
     EXPECT_EQ(run.exitCode, 0) << run.output;
     EXPECT_NE(run.output.find("done"), std::string::npos) << run.output;
-    EXPECT_EQ(readFile(folder.file("raw.bmp")).size(), 54u + 64u * 64u * 3u);
-    EXPECT_TRUE(std::filesystem::exists(folder.file("scene.js")));
 }
 
 } // namespace

@@ -191,26 +191,4 @@ TEST(RecordExports, CursorAssignmentCopiesFourBytes) {
     EXPECT_EQ(std::memcmp(target, expected, sizeof target), 0);
 }
 
-// With the wrong convention each call moves the stack by its arguments: this many overflow it.
-TEST(RecordExports, AMillionCallsLeaveTheStackWhereItWas) {
-    const auto create = exported<ListCreate>("?Create@LIST@@QAGXHH@Z");
-    const auto createClusters = exported<ClusterListCreate>("?Create@VLIST@@QAGXHHH@Z");
-    const auto useIndex = exported<UseClusterIndex>("?UseCluster@VLIST@@QAGPAXPAUINDEX@@J@Z");
-    const auto useCount = exported<UseClusterCount>("?UseCluster@VLIST@@QAGPAXJPAJ@Z");
-    const auto usePath = exported<UsePath>("?UsePath@SCENE@@QAGPAUPOINT3D@@JPAJ@Z");
-    const auto assign = exported<CursorAssign>("??4CWaitCursor@@QAEAAV0@ABV0@@Z");
-    const HostBytes record(kSceneBytes);
-    const HostBytes cursor(4);
-    int calls = 0;
-    for (; calls < 1000000; ++calls) {
-        create(record.at(0), 1, 12);
-        createClusters(record.at(0), 1, 12, 1);
-        useIndex(record.at(0), nullptr, 0);
-        useCount(record.at(0), 0, nullptr);
-        usePath(record.at(0), 0, nullptr);
-        assign(cursor.at(0), record.at(0));
-    }
-    EXPECT_EQ(calls, 1000000);
-}
-
 } // namespace

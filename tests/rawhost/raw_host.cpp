@@ -18,12 +18,14 @@
 
 namespace {
 
-constexpr int kCheapRounds = 10000;
-constexpr int kExportRounds = 20;
-constexpr int kDrawRounds = 25;
-constexpr int kFileRounds = 3;
-constexpr int kViewRounds = 3;
-constexpr int kSize = 64;
+/// Each function is called this often at least, d3_Create excepted. Only systems of 32 bits have
+/// calling conventions to get wrong.
+constexpr int kRounds = sizeof(void*) == 4 ? 10000 : 1000;
+/// A view costs 200 ms on a software renderer: its OpenGL contexts and devices, and its renderer.
+constexpr int kViewRounds = 20;
+/// Files cost 4 ms each: the calls between write into a folder that is not there.
+constexpr int kRoundsPerFile = 100;
+constexpr int kSize = 16;
 
 RawCalls calls;
 int round = 0;
@@ -131,10 +133,28 @@ void pickAndLoad() {
     CALL(releasePointer, static_cast<void*>(nullptr), static_cast<void*>(slot), 5);
 }
 
+/// The path in `folder`, or one that nothing can be written to.
+std::string pathFor(const std::string& folder, const char* name) {
+    return folder + (round % kRoundsPerFile == 0 ? "/" : "/missing/") + name;
+}
+
+/// Whether the file holds what this round should have written, -1 for any number of bytes.
+bool isWritten(const std::string& path, long bytes) {
+    std::FILE* const file = std::fopen(path.c_str(), "rb");
+    if (file == nullptr)
+        return round % kRoundsPerFile != 0;
+    std::fseek(file, 0, SEEK_END);
+    const long size = std::ftell(file);
+    std::fclose(file);
+    std::remove(path.c_str());
+    return bytes < 0 ? size > 0 : size == bytes;
+}
+
 void exportScene(const std::string& folder) {
-    const std::string path = folder + "\\scene.js";
-    require(CALL(exportJS, static_cast<void*>(raw.scene), path.c_str(), 320, 200) == 1,
-            "d3_ExportJS writes nothing");
+    const std::string path = pathFor(folder, "scene.js");
+    const int written = CALL(exportJS, static_cast<void*>(raw.scene), path.c_str(), 320, 200);
+    require(written == (round % kRoundsPerFile == 0) && isWritten(path, -1),
+            "d3_ExportJS writes nothing, or where it cannot");
 }
 
 void checkPicture(const unsigned char* pixels) {
@@ -143,29 +163,44 @@ void checkPicture(const unsigned char* pixels) {
     require(middle[0] == 255 && middle[1] == 255 && middle[2] == 255, "the square is missing");
 }
 
-void draw(void* view, const std::string& folder) {
+void drawPictures(void* view, void* bitmap, unsigned char* pixels) {
     void* const scene = raw.scene;
-    unsigned char* pixels = nullptr;
-    void* const bitmap = makeBitmap(kSize, kSize, pixels);
-    for (round = 0; round < kDrawRounds; ++round) {
-        require(CALL(drawInDibSection, view, scene, 1u, bitmap) == 1, "d3_DrawInDibSection");
-        checkPicture(pixels);
-        std::memset(pixels, 0, 3 * kSize * kSize);
-        require(CALL(drawInWindow, view, scene, 1u, 1, static_cast<void*>(nullptr), bitmap) == 1,
-                "d3_DrawInWindow");
-        checkPicture(pixels);
-        unsigned char state[272];
-        require(CALL(inputState, view, static_cast<void*>(state)) == 0,
-                "di_GetState reads devices that nobody asked for");
-    }
-    deleteBitmap(bitmap);
-    const std::string path = folder + "\\raw.bmp";
-    for (round = 0; round < kFileRounds; ++round)
-        require(CALL(drawInFile, view, scene, 1u, kSize, kSize, path.c_str()) == 1,
-                "d3_DrawInFile");
+    require(CALL(drawInDibSection, view, scene, 1u, bitmap) == 1, "d3_DrawInDibSection");
+    checkPicture(pixels);
+    std::memset(pixels, 0, 3 * kSize * kSize);
+    require(CALL(drawInWindow, view, scene, 1u, 1, static_cast<void*>(nullptr), bitmap) == 1,
+            "d3_DrawInWindow");
+    checkPicture(pixels);
+}
+
+void readInput(void* view) {
+    unsigned char state[272 + 8];
+    std::memset(state, 0xee, sizeof state);
+    require(CALL(inputState, view, static_cast<void*>(state)) == 1 && state[12] != 0xee &&
+                state[271] != 0xee && state[272] == 0xee,
+            "di_GetState does not fill 272 bytes");
+}
+
+void drawFile(void* view, const std::string& folder) {
+    const std::string path = pathFor(folder, "raw.bmp");
+    require(CALL(drawInFile, view, static_cast<void*>(raw.scene), 1u, kSize, kSize, path.c_str()) ==
+                    1 &&
+                isWritten(path, 54 + 3 * kSize * kSize),
+            "d3_DrawInFile writes another file");
+}
+
+void handBack() {
     for (int object = 0; object < 2; ++object)
         for (const auto& [offset, kind] : {std::pair{4, 2}, {8, 3}, {16, 3}})
-            CALL(releasePointer, view, static_cast<void*>(raw.cache + 24 * object + offset), kind);
+            CALL(releasePointer, static_cast<void*>(nullptr),
+                 static_cast<void*>(raw.cache + 24 * object + offset), kind);
+}
+
+void* makeView(const std::string& folder) {
+    const std::string settings = folder + "\\space.ini";
+    void* const view = CALL(create, static_cast<void*>(nullptr), 2u, settings.c_str());
+    require(view != nullptr, "there is no view");
+    return view;
 }
 
 } // namespace
@@ -178,20 +213,32 @@ int main(int argc, char** argv) {
     if (const char* missing = findRawCalls(calls))
         fail(std::string("there is no ") + missing);
     fillRawScene();
-    for (round = 0; round < kCheapRounds; ++round) {
+    unsigned char* pixels = nullptr;
+    void* const bitmap = makeBitmap(kSize, kSize, pixels);
+    for (round = 0; round < kRounds; ++round) {
         makeLists();
         useLists();
         pickAndLoad();
-    }
-    for (round = 0; round < kExportRounds; ++round)
         exportScene(folder);
-    const std::string settings = folder + "\\space.ini";
-    for (int made = 0; made < kViewRounds; ++made) {
-        void* const view = CALL(create, static_cast<void*>(nullptr), 0u, settings.c_str());
-        require(view != nullptr, "there is no view");
-        draw(view, folder);
+        CALL(release, static_cast<void*>(nullptr));
+    }
+    void* const views[] = {makeView(folder), makeView(folder)};
+    for (round = 0; round < kRounds; ++round) {
+        drawPictures(views[round % 2], bitmap, pixels);
+        readInput(views[round % 2]);
+    }
+    for (round = 0; round < kRounds; ++round)
+        drawFile(views[round % 2], folder);
+    handBack();
+    for (void* const view : views)
+        CALL(release, view);
+    for (round = 0; round < kViewRounds; ++round) {
+        void* const view = makeView(folder);
+        drawPictures(view, bitmap, pixels);
+        handBack();
         CALL(release, view);
     }
+    deleteBitmap(bitmap);
     unloadOgl();
     std::puts("done");
     return 0;

@@ -81,7 +81,7 @@ void fillRawScene() {
     put<float>(raw.scene, 16883 + 4, -5.0f);
     put<float>(raw.scene, 16907 + 8, 1.0f);
     put<int32_t>(raw.scene, 17105, 100);
-    put<uint32_t>(raw.view, 0, 0x910); // no highlights, no overlays, no heads-up display
+    put<uint32_t>(raw.view, 0, 0x810); // no highlights, no heads-up display
     put<int32_t>(raw.scene, 5654, 1);
     const int32_t clusters[] = {0, 2, 2, 3};
     std::memcpy(raw.pathIndex, clusters, sizeof clusters);
