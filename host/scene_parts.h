@@ -144,6 +144,7 @@ struct SoupReport {
     size_t invalid = 0;    ///< triangles dropped: not finite, out of range, bad index or material
     size_t degenerate = 0; ///< triangles dropped: no area
     size_t duplicate = 0;  ///< triangles dropped: the same triangle again
+    size_t inner = 0;      ///< triangles dropped: between solids of one material that touch
     size_t planarFaces = 0;
     size_t curvedFaces = 0;
     size_t triangles = 0; ///< triangles kept

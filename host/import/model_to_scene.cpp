@@ -64,6 +64,7 @@ void addTo(SoupReport& sum, const SoupReport& report) {
     sum.invalid += report.invalid;
     sum.degenerate += report.degenerate;
     sum.duplicate += report.duplicate;
+    sum.inner += report.inner;
     sum.planarFaces += report.planarFaces;
     sum.curvedFaces += report.curvedFaces;
     sum.triangles += report.triangles;

@@ -3,6 +3,7 @@
 #include "host/soup/soup_faces.h"
 
 #include "host/soup/disjoint_sets.h"
+#include "host/soup/inner_walls.h"
 #include "host/soup/outlines.h"
 #include "host/soup/surfaces.h"
 
@@ -84,9 +85,15 @@ class FaceMaker {
             if (surfaces_.curved[t])
                 patchOf[t] = kNoGroup;
         const Groups triangles(patchCount, patchOf);
+        const std::vector<uint8_t> inner = findInnerWalls(mesh_, edges_, surfaces_);
         for (size_t patch = 0; patch < patchCount; ++patch) {
             if (triangles[patch].empty())
                 continue;
+            if (inner[patch] != 0) {
+                report_.inner += triangles[patch].size();
+                report_.triangles -= triangles[patch].size();
+                continue;
+            }
             NewFace face = faceOf(triangles[patch]);
             face.outward = meanNormal(triangles[patch]);
             // The back of a sheet has the outline of its front.

@@ -112,12 +112,74 @@ Soup cylinder(int sides, bool withNormals, bool caps) {
     return soup;
 }
 
+Soup turned(Soup soup) {
+    for (size_t i = 0; i + 2 < soup.indices.size(); i += 3)
+        std::swap(soup.indices[i + 1], soup.indices[i + 2]);
+    return soup;
+}
+
+Soup both(Soup soup, const Soup& other) {
+    const auto first = static_cast<uint32_t>(soup.positions.size());
+    soup.positions.insert(soup.positions.end(), other.positions.begin(), other.positions.end());
+    for (const uint32_t index : other.indices)
+        soup.indices.push_back(first + index);
+    return soup;
+}
+
+/// One of two parts of an L around (1, 1), cut from its inner to its outer corner.
+Soup corner(bool mirrored) {
+    std::vector<Vec3> low{{0, 0, 0}, {2, 0, 0}, {2, 1, 0}, {1, 1, 0}};
+    if (mirrored)
+        for (Vec3& p : low)
+            std::swap(p.x, p.y);
+    Soup soup;
+    const Vec3 up{0, 0, 1};
+    soup.quad(low[3], low[2], low[1], low[0]);
+    soup.quad(low[0] + up, low[1] + up, low[2] + up, low[3] + up);
+    for (size_t i = 0; i < 4; ++i)
+        soup.quad(low[i], low[(i + 1) % 4], low[(i + 1) % 4] + up, low[i] + up);
+    return mirrored ? turned(soup) : soup;
+}
+
 void expectVisibleSidesOutwards(const std::vector<ReadFace>& faces, Vec3 inside) {
     for (const ReadFace& face : faces) {
         const Vec3 a = face.corners[0];
         const Vec3 stored = cross(face.corners[1] - a, face.corners[2] - a);
         EXPECT_LT(dot(stored, a - inside), 0.0) << "stored triangles run clockwise from outside";
         EXPECT_LT(dot(face.normal, a - inside), 0.0) << "the face normal points inwards";
+    }
+}
+
+TEST(HostSoup, WallsBetweenTouchingSolidsGo) {
+    const Soup left = box({0, 0, 0}, {1, 1, 1});
+    const Soup right = box({1, 0, 0}, {2, 1, 1});
+    Soup sheet;
+    sheet.quad({1, 0, 0}, {1, 1, 0}, {1, 1, 1}, {1, 0, 1});
+    const Soup twoSided = both(sheet, turned(sheet));
+    Soup open = left; // without its end at x = 1
+    open.indices.resize(open.indices.size() - 6);
+    Soup painted = both(left, right);
+    painted.materials.assign(12, 0);
+    painted.materials.resize(24, 1);
+    const struct {
+        const char* name;
+        Soup soup;
+        size_t inner, faces;
+    } rows[] = {
+        {"two boxes are one", both(left, right), 4, 6},
+        {"three in a row", both(both(left, right), box({2, 0, 0}, {3, 1, 1})), 8, 6},
+        {"round a corner", both(corner(false), corner(true)), 4, 8},
+        {"of different materials", painted, 0, 12},
+        {"rooms seen from inside", turned(both(left, right)), 0, 8},
+        {"a sheet with two sides", twoSided, 0, 2},
+        {"as the end of an open box", both(open, twoSided), 0, 7},
+        {"a box beside a smaller one", both(left, box({1, 0, 0}, {2, 1, 0.5})), 0, 11},
+    };
+    for (const auto& row : rows) {
+        const Result result = buildSoup(row.soup);
+        EXPECT_EQ(result.report.inner, row.inner) << row.name;
+        EXPECT_EQ(result.report.triangles, row.soup.indices.size() / 3 - row.inner) << row.name;
+        EXPECT_EQ(result.flat().size(), row.faces) << row.name;
     }
 }
 
