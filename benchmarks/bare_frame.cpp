@@ -14,6 +14,10 @@ namespace {
 
 constexpr int kEdgeRun = 500;
 
+unsigned nameOf(const SharedBuffer& buffer) {
+    return buffer != nullptr ? buffer->name() : 0;
+}
+
 Box boxOf(const Vec3Array& positions, size_t first, size_t count) {
     Box box;
     for (size_t i = first; i < first + count; ++i)
@@ -45,7 +49,7 @@ ScreenRect rectOf(const Box& box, const Matrices& matrices) {
 } // namespace
 
 BareFrame::BareFrame(const VIEW& view, int materials, const ColorVertexArray& edges)
-    : materials_(static_cast<size_t>(materials)), edgeBuffer_(edges.positionBuffer.name()),
+    : materials_(static_cast<size_t>(materials)), edgeBuffer_(nameOf(edges.positionBuffer)),
       edgeVertices_(edges.vertexCount) {
     for (int first = 0; first < edgeVertices_; first += kEdgeRun) {
         const int count = std::min(kEdgeRun, edgeVertices_ - first);
@@ -58,10 +62,11 @@ BareFrame::BareFrame(const VIEW& view, int materials, const ColorVertexArray& ed
     for (int k = 0; k < cacheEntryCount(view); ++k)
         for (const auto& batch : cacheEntry(view, k)->meshBatches.get()->batches)
             materials_[static_cast<size_t>(batch->material)].push_back(
-                {batch->positionBuffer.name(),
-                 batch->normalBuffer.name(),
-                 batch->texCoordBuffer.name(),
-                 batch->tangentBuffer.name(),
+                {nameOf(batch->positionBuffer),
+                 nameOf(batch->normalBuffer),
+                 nameOf(batch->texCoordBuffer),
+                 nameOf(batch->tangentBuffer),
+                 batch->firstVertex,
                  batch->vertexCount,
                  boxOf(batch->positions, 0, batch->positions.size()),
                  {}});
@@ -116,19 +121,20 @@ void BareFrame::drawMeshes(const ScreenRect* rect) const {
     glEnableClientState(GL_SECONDARY_COLOR_ARRAY);
     for (const auto& meshes : materials_) {
         glColor4f(1.0f, 1.0f, 1.0f, 1.0f);
+        const Mesh* run = nullptr;
+        int end = 0;
         for (const Mesh& mesh : meshes) {
             if (rect != nullptr && !mesh.rect.overlaps(*rect))
                 continue;
-            glBindBuffer(GL_ARRAY_BUFFER, mesh.positions);
-            glVertexPointer(3, GL_FLOAT, 0, nullptr);
-            glBindBuffer(GL_ARRAY_BUFFER, mesh.normals);
-            glNormalPointer(GL_FLOAT, 0, nullptr);
-            glBindBuffer(GL_ARRAY_BUFFER, mesh.texCoords);
-            glTexCoordPointer(3, GL_FLOAT, 0, nullptr);
-            glBindBuffer(GL_ARRAY_BUFFER, mesh.tangents);
-            glSecondaryColorPointer(3, GL_FLOAT, 0, nullptr);
-            glDrawArrays(GL_TRIANGLES, 0, mesh.vertices);
+            if (run == nullptr || run->positions != mesh.positions || end != mesh.first) {
+                if (run != nullptr)
+                    drawRun(*run, end);
+                run = &mesh;
+            }
+            end = mesh.first + mesh.count;
         }
+        if (run != nullptr)
+            drawRun(*run, end);
     }
     glDisableClientState(GL_NORMAL_ARRAY);
     glDisableClientState(GL_TEXTURE_COORD_ARRAY);
@@ -137,6 +143,19 @@ void BareFrame::drawMeshes(const ScreenRect* rect) const {
     glDisable(GL_POLYGON_OFFSET_FILL);
     glDisable(GL_CULL_FACE);
     glDisableClientState(GL_VERTEX_ARRAY);
+}
+
+/// Draws from the mesh's first vertex to `end` in its buffers.
+void BareFrame::drawRun(const Mesh& mesh, int end) {
+    glBindBuffer(GL_ARRAY_BUFFER, mesh.positions);
+    glVertexPointer(3, GL_FLOAT, 0, nullptr);
+    glBindBuffer(GL_ARRAY_BUFFER, mesh.normals);
+    glNormalPointer(GL_FLOAT, 0, nullptr);
+    glBindBuffer(GL_ARRAY_BUFFER, mesh.texCoords);
+    glTexCoordPointer(3, GL_FLOAT, 0, nullptr);
+    glBindBuffer(GL_ARRAY_BUFFER, mesh.tangents);
+    glSecondaryColorPointer(3, GL_FLOAT, 0, nullptr);
+    glDrawArrays(GL_TRIANGLES, mesh.first, end - mesh.first);
 }
 
 void BareFrame::drawEdges(const ScreenRect* rect) const {

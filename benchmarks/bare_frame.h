@@ -20,7 +20,7 @@ struct ScreenRect {
 };
 
 /// The yardstick of a frame: a plain OpenGL program that draws the buffers which a technical
-/// drawing built, with the same state, one call per object and material.
+/// drawing built, with the same state, in as few calls as they allow.
 class BareFrame {
   public:
     /// Notes the buffers parked in the scene's object cache and those of the edges.
@@ -40,7 +40,7 @@ class BareFrame {
   private:
     struct Mesh {
         unsigned positions, normals, texCoords, tangents;
-        int vertices;
+        int first, count;
         Box box;
         ScreenRect rect;
     };
@@ -51,6 +51,7 @@ class BareFrame {
     };
 
     void drawMeshes(const ScreenRect* rect) const;
+    static void drawRun(const Mesh& mesh, int end);
     void drawEdges(const ScreenRect* rect) const;
 
     std::vector<std::vector<Mesh>> materials_;

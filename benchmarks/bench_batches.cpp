@@ -25,7 +25,7 @@ size_t buildEverything(SCENE& scene, int objects) {
     std::vector<MeshBatches> all;
     size_t vertices = 0;
     for (int k = 0; k < objects; ++k) {
-        MeshBatches batches = builder.build(k, bounds);
+        MeshBatches batches = builder.build(k, builder.batchSizes(k), bounds);
         for (const auto& batch : batches) {
             vertices += batch->positions.size();
             batch->normals.clear();

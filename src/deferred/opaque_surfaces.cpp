@@ -45,9 +45,11 @@ void OpaqueSurfaces::draw() const {
 
 void OpaqueSurfaces::drawDepth(int material, const SceneLists& lists, const VIEW* view) const {
     ShaderProgram::useNone();
+    MeshRuns runs(renderer.tileVolume);
     for (const MeshDraw& draw : meshes.of(material))
         if (isOpaque(draw) && isStillDrawn(draw, lists, view))
-            draw.batch->drawWithin(renderer.tileVolume, kDrawPositions, draw.batch->primitiveMode);
+            runs.add(*draw.batch);
+    runs.flush();
     program.use();
 }
 

@@ -67,6 +67,7 @@ void TranslucentPass::drawSurfaces() const {
     unbindAllArrays();
     for (const TranslucentSurface& surface : translucentSurfaces(renderer, meshes)) {
         if (surface.material != boundMaterial) {
+            shading.finish(bound);
             boundMaterial = surface.material;
             bound = shading.bindTextures(lists.materials[boundMaterial]);
             shading.setColor(lists.materials[boundMaterial], bound);
@@ -74,6 +75,7 @@ void TranslucentPass::drawSurfaces() const {
         }
         shading.draw(*surface.draw->batch, bound);
     }
+    shading.finish(bound);
     unbindAllArrays();
 }
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "gpu/vertex_array.h"
+#include "gpu/mesh_vertex_array.h"
 #include "ogl/host_records.h"
 
 #include <memory>

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstring>
 #include <limits>
+#include <utility>
 
 namespace ogl {
 
@@ -103,7 +104,8 @@ MeshBatchBuilder::Bucket* MeshBatchBuilder::bucketOf(const FACE& face) {
                : nullptr;
 }
 
-void MeshBatchBuilder::countFaces(int object) {
+std::vector<BatchSize> MeshBatchBuilder::batchSizes(int object) {
+    std::vector<BatchSize> sizes;
     forEachFace(object, [&](const FACE& face, int f) {
         const int triangles = faceTriangles(lists_, f, face.flags).triangleCount;
         Bucket* bucket = triangles > 0 ? bucketOf(face) : nullptr;
@@ -111,9 +113,13 @@ void MeshBatchBuilder::countFaces(int object) {
             triangles > (kMostVertices - bucket->vertexCount) / kVerticesPerTriangle)
             return;
         if (bucket->vertexCount == 0)
-            used_.push_back(face.material);
+            sizes.push_back({face.material, 0});
         bucket->vertexCount += triangles * kVerticesPerTriangle;
     });
+    std::ranges::sort(sizes, {}, &BatchSize::material);
+    for (BatchSize& size : sizes)
+        size.vertexCount = std::exchange(buckets_[static_cast<size_t>(size.material)], {}).vertexCount;
+    return sizes;
 }
 
 /// Shadow and lighting flags come from the first face of each object.
@@ -157,21 +163,18 @@ std::unique_ptr<MeshVertexArray> MeshBatchBuilder::makeBatch(int material, int v
     return batch;
 }
 
-MeshBatches MeshBatchBuilder::makeBatches(uint32_t flags) {
-    std::sort(used_.begin(), used_.end());
+MeshBatches MeshBatchBuilder::makeBatches(std::span<const BatchSize> sizes, uint32_t flags) {
     MeshBatches batches;
-    batches.reserve(used_.size());
-    for (const int material : used_) {
-        Bucket& bucket = buckets_[static_cast<size_t>(material)];
-        batches.push_back(makeBatch(material, bucket.vertexCount, flags));
-        bucket.batch = batches.back().get();
+    batches.reserve(sizes.size());
+    for (const BatchSize& size : sizes) {
+        batches.push_back(makeBatch(size.material, size.vertexCount, flags));
+        buckets_[static_cast<size_t>(size.material)] = {size.vertexCount, 0, batches.back().get()};
     }
     return batches;
 }
 
-MeshBatches MeshBatchBuilder::build(int object, Box& bounds) {
-    countFaces(object);
-    MeshBatches batches = makeBatches(clusterFlags(object));
+MeshBatches MeshBatchBuilder::build(int object, std::span<const BatchSize> sizes, Box& bounds) {
+    MeshBatches batches = makeBatches(sizes, clusterFlags(object));
     forEachFace(object, [&](const FACE& face, int f) {
         Bucket* bucket = bucketOf(face);
         if (bucket == nullptr || bucket->batch == nullptr)
@@ -181,9 +184,8 @@ MeshBatches MeshBatchBuilder::build(int object, Box& bounds) {
             (bucket->vertexCount - bucket->written) / kVerticesPerTriangle)
             writeFace(face, triangles, *bucket, bounds);
     });
-    for (const int material : used_)
-        buckets_[static_cast<size_t>(material)] = {};
-    used_.clear();
+    for (const BatchSize& size : sizes)
+        buckets_[static_cast<size_t>(size.material)] = {};
     return batches;
 }
 

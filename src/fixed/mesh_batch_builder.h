@@ -2,12 +2,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "gpu/vertex_array.h"
+#include "gpu/mesh_vertex_array.h"
 #include "ogl/host_records.h"
 #include "scene/record_views.h"
 #include "scene/vector3.h"
 
 #include <memory>
+#include <span>
 #include <vector>
 
 namespace ogl {
@@ -16,6 +17,12 @@ using MeshBatches = std::vector<std::unique_ptr<MeshVertexArray>>;
 
 /// Object number that stands for all drawn objects together.
 inline constexpr int kAllObjects = -1;
+
+/// Vertices that an object has in a material.
+struct BatchSize {
+    int material;
+    int vertexCount;
+};
 
 /// Sorts the faces of objects into one batch per material. Each face is visited twice, once to
 /// count and once to write, however many materials there are. Needs no GL.
@@ -26,11 +33,13 @@ class MeshBatchBuilder {
     /// Triangles of one object, drawn or not, or of all drawn objects.
     int64_t countTriangles(int object) const;
 
-    /// The batches of one object, or of all drawn objects, with filled arrays, in ascending
-    /// material order; within a batch the faces keep their order and their triangles theirs. Empty
-    /// without triangles. Faces with no material, or an unused one, are left out. `bounds` grows
-    /// by every vertex.
-    MeshBatches build(int object, Box& bounds);
+    /// The sizes of the batches of one object, or of all drawn objects, in ascending material
+    /// order. Empty without triangles. Faces with no material, or an unused one, are left out.
+    std::vector<BatchSize> batchSizes(int object);
+
+    /// The batches of these sizes with filled arrays; within a batch the faces keep their order and
+    /// their triangles theirs. `bounds` grows by every vertex.
+    MeshBatches build(int object, std::span<const BatchSize> sizes, Box& bounds);
 
     /// Takes back the memory of arrays that an upload has emptied, for the next build().
     void reclaim(MeshBatches& uploaded);
@@ -50,8 +59,7 @@ class MeshBatchBuilder {
     template <class Visitor> void forEachFace(int object, const Visitor& visit) const;
     template <class Visitor> void forEachFaceOf(int cluster, const Visitor& visit) const;
     Bucket* bucketOf(const FACE& face);
-    void countFaces(int object);
-    MeshBatches makeBatches(uint32_t flags);
+    MeshBatches makeBatches(std::span<const BatchSize> sizes, uint32_t flags);
     std::unique_ptr<MeshVertexArray> makeBatch(int material, int vertexCount, uint32_t flags);
     uint32_t clusterFlags(int object) const;
     uint32_t materialFlags(const MATERIAL& material) const;
@@ -63,7 +71,6 @@ class MeshBatchBuilder {
     SceneLists lists_;
     bool ignoreTwoSided_;
     std::vector<Bucket> buckets_; ///< one per material; all empty between builds
-    std::vector<int> used_;       ///< materials whose bucket is not empty
     std::vector<SpareArrays> spare_;
 };
 

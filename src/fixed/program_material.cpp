@@ -126,10 +126,16 @@ void ProgramShading::setColor(const MATERIAL& material, const BoundMaterial& bou
 
 void ProgramShading::draw(const MeshVertexArray& batch, const BoundMaterial&) {
     const int lit = (batch.flags & kBatchUnlit) != 0 ? 0 : 1;
-    if (lit != lit_)
+    if (lit != lit_) {
+        runs_.flush();
         program_.setInt("useLighting", lit);
+    }
     lit_ = lit;
-    batch.drawWithin(renderer_.tileVolume, kDrawPositions, batch.primitiveMode);
+    runs_.add(batch);
+}
+
+void ProgramShading::finish(const BoundMaterial&) {
+    runs_.flush();
 }
 
 } // namespace ogl

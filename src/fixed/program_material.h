@@ -34,17 +34,18 @@ class ProgramShading : public SurfaceShading {
   public:
     /// `mask`: the maps that the program reads.
     ProgramShading(const Renderer& renderer, const ShaderProgram& program, unsigned mask)
-        : renderer_(renderer), program_(program), mask_(mask) {}
+        : renderer_(renderer), program_(program), mask_(mask), runs_(renderer.tileVolume) {}
 
     BoundMaterial bindTextures(const MATERIAL& material) override;
     void setColor(const MATERIAL& material, const BoundMaterial& bound) override;
     void draw(const MeshVertexArray& batch, const BoundMaterial& bound) override;
-    void finish(const BoundMaterial&) override {}
+    void finish(const BoundMaterial& bound) override;
 
   private:
     const Renderer& renderer_;
     const ShaderProgram& program_;
     unsigned mask_;
+    MeshRuns runs_;
     int lit_ = -1; ///< what the program was last told; -1 = nothing yet
 };
 

@@ -3,7 +3,7 @@
 #include "fixed/scene_batches.h"
 
 #include "fixed/edge_builder.h"
-#include "fixed/mesh_batch_builder.h"
+#include "fixed/mesh_layout.h"
 #include "fixed/texture_preparation.h"
 #include "render/process_state.h"
 #include "render/renderer.h"
@@ -18,20 +18,47 @@ constexpr uint32_t kPreviewChanged = 0x1;
 constexpr uint32_t kPreviewMeshesBuilt = 0x2;
 constexpr uint32_t kPreviewEdgesDue = 0x4;
 
-/// Builds, uploads and parks the surfaces of `object` in a slot of the host's record.
-void buildMeshBatches(MeshBatchBuilder& builder, int object, Ptr32<MeshBatchList>& slot,
-                      Box& bounds) {
-    MeshBatches batches = builder.build(object, bounds);
-    if (batches.empty())
-        return;
-    MeshBatchList* list = makeMeshBatchList();
+/// Builds and parks the surfaces of all objects together in the host's preview record.
+void buildPreviewMeshes(const SCENE& scene, Ptr32<MeshBatchList>& slot, Box& bounds) {
+    MeshBatchBuilder builder(scene);
+    const std::vector<BatchSize> sizes = builder.batchSizes(kAllObjects);
+    MeshBatchList* list = sizes.empty() ? nullptr : makeMeshBatchList();
     if (list == nullptr)
         return;
     slot = list;
-    for (const auto& batch : batches)
+    list->batches = builder.build(kAllObjects, sizes, bounds);
+    for (const auto& batch : list->batches)
         batch->upload(GL_TRIANGLES);
-    builder.reclaim(batches);
-    list->batches = std::move(batches);
+}
+
+/// Builds the surfaces of the drawn objects into buffers that they share, and parks those of each
+/// object in its entry of the host's cache.
+void buildMeshes(const SCENE& scene, const VIEW& view, Box& bounds) {
+    const SceneLists lists(scene);
+    MeshBatchBuilder builder(scene);
+    MeshLayout layout;
+    for (int k = 0; k < cacheEntryCount(view); ++k)
+        if (lists.isDrawn(k))
+            if (const auto sizes = builder.batchSizes(k); !sizes.empty())
+                layout.add(k, sizes);
+    layout.place(lists.materials.size());
+    std::vector<MeshBuffers> buffers;
+    for (const int size : layout.bufferSizes())
+        buffers.push_back(MeshBuffers::withRoomFor(size));
+    for (size_t i = 0; i < layout.objectCount(); ++i) {
+        const MeshLayout::ObjectPlaces placed = layout.object(i);
+        MeshBatchList* list = makeMeshBatchList();
+        if (list == nullptr)
+            continue;
+        cacheEntry(view, placed.object)->meshBatches = list;
+        list->batches = builder.build(placed.object, placed.sizes, bounds);
+        for (size_t b = 0; b < placed.places.size(); ++b) {
+            const MeshPlace& place = placed.places[b];
+            list->batches[b]->uploadInto(buffers[static_cast<size_t>(place.buffers)], place.first,
+                                         GL_TRIANGLES);
+        }
+        builder.reclaim(list->batches);
+    }
 }
 
 void buildEdges(const EdgeBuilder& builder, int object, CACHEENTRY& entry, ColorVertexArray& edges,
@@ -65,8 +92,7 @@ bool refreshPreviewRecord(const SCENE& scene, CACHEENTRY& record, bool force, Bo
     const bool rebuild = force || (record.changeFlags & kPreviewChanged) != 0;
     if (rebuild) {
         releaseBatchesOf(record);
-        MeshBatchBuilder builder(scene);
-        buildMeshBatches(builder, kAllObjects, record.meshBatches, bounds);
+        buildPreviewMeshes(scene, record.meshBatches, bounds);
         record.changeFlags =
             (record.changeFlags & ~kPreviewChanged) | kPreviewMeshesBuilt | kPreviewEdgesDue;
     }
@@ -143,18 +169,17 @@ void SceneBatches::rebuildAll(Renderer& renderer, const Box& emptyBounds) {
     silhouetteBatch_ = std::make_unique<ColorVertexArray>();
 
     const SceneLists lists(scene);
-    MeshBatchBuilder meshBuilder(scene);
     const EdgeBuilder edgeBuilder(scene, {.silhouettes = renderer.drawFaces != 0});
     edgeBuilder.reserve(count, *edgeBatch_, silhouetteBatch_.get());
     for (int k = 0; k < count; ++k) {
         CACHEENTRY& entry = *cacheEntry(*view, k);
         releaseBatchesOf(entry);
         entry.changeFlags &= ~kObjectChanged;
-        if (!lists.isDrawn(k))
-            continue;
-        buildMeshBatches(meshBuilder, k, entry.meshBatches, renderer.sceneBounds);
-        buildEdges(edgeBuilder, k, entry, *edgeBatch_, *silhouetteBatch_);
+        if (lists.isDrawn(k))
+            buildEdges(edgeBuilder, k, entry, *edgeBatch_, *silhouetteBatch_);
     }
+    if (view != nullptr)
+        buildMeshes(scene, *view, renderer.sceneBounds);
     if (!edgeBatch_->positions.empty())
         edgeBatch_->upload(GL_LINES);
     if (!silhouetteBatch_->positions.empty())
@@ -178,17 +203,13 @@ void SceneBatches::rebuildMeshesOnly(Renderer& renderer) {
     ++generation_;
     if (view == nullptr)
         return;
-    const SceneLists lists(scene);
-    MeshBatchBuilder builder(scene);
-    const int count = cacheEntryCount(*view);
-    for (int k = 0; k < count; ++k) {
+    for (int k = 0; k < cacheEntryCount(*view); ++k) {
         CACHEENTRY& entry = *cacheEntry(*view, k);
         releaseMeshBatches(entry.meshBatches);
         entry.changeFlags &= ~kObjectChanged;
-        if (lists.isDrawn(k))
-            buildMeshBatches(builder, k, entry.meshBatches, renderer.sceneBounds);
     }
-    meshes_.collect(*view, lists.materials.size());
+    buildMeshes(scene, *view, renderer.sceneBounds);
+    meshes_.collect(*view, materialCount(scene));
 }
 
 void SceneBatches::release() {

@@ -17,8 +17,8 @@ SurfaceLayer surfaceLayer(const MATERIAL& material, bool sharedSlot, bool alphaM
 /// it isn't to be drawn.
 bool isSkipped(const MATERIAL& material);
 
-/// Draws the surfaces: the opaque ones, then the translucent ones without writing depth, one
-/// draw call per object and material.
+/// Draws the surfaces: the opaque ones, then the translucent ones without writing depth, material
+/// by material.
 struct SurfacePass {
     const Renderer& renderer;
     const DrawLists& meshes;

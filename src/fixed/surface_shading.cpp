@@ -13,7 +13,7 @@ constexpr int kAlphaMapUnit = 1;
 } // namespace
 
 FixedShading::FixedShading(Renderer& renderer, ColorSetter setColor)
-    : renderer_(renderer), setColor_(std::move(setColor)) {}
+    : renderer_(renderer), setColor_(std::move(setColor)), runs_(renderer.tileVolume) {}
 
 BoundMaterial FixedShading::bindTextures(const MATERIAL& material) {
     int textured = 0;
@@ -30,12 +30,12 @@ void FixedShading::setColor(const MATERIAL& material, const BoundMaterial& bound
 }
 
 void FixedShading::draw(const MeshVertexArray& batch, const BoundMaterial& bound) {
-    if (bound.alphaMap)
-        batch.bindTexCoords(kAlphaMapUnit);
-    batch.drawWithin(renderer_.tileVolume, kDrawPositions, batch.primitiveMode);
+    runs_.texCoordUnit = bound.alphaMap ? kAlphaMapUnit : -1;
+    runs_.add(batch);
 }
 
 void FixedShading::finish(const BoundMaterial& bound) {
+    runs_.flush();
     if (bound.alphaMap)
         MeshVertexArray::unbindTexCoords(kAlphaMapUnit);
 }

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "gpu/vertex_array.h"
+#include "fixed/mesh_runs.h"
 #include "ogl/host_records.h"
 #include "render/renderer.h"
 
@@ -23,6 +23,7 @@ class SurfaceShading {
     virtual ~SurfaceShading() = default;
     virtual BoundMaterial bindTextures(const MATERIAL& material) = 0;
     virtual void setColor(const MATERIAL& material, const BoundMaterial& bound) = 0;
+    /// Draws the batch, at the latest in finish().
     virtual void draw(const MeshVertexArray& batch, const BoundMaterial& bound) = 0;
     /// After the last batch of a material.
     virtual void finish(const BoundMaterial& bound) = 0;
@@ -44,6 +45,7 @@ class FixedShading : public SurfaceShading {
   private:
     Renderer& renderer_;
     ColorSetter setColor_;
+    MeshRuns runs_;
 };
 
 } // namespace ogl

@@ -13,55 +13,58 @@ namespace {
 /// Vertices of a part that is drawn or left out as one: whole lines, whole triangles.
 constexpr size_t kPartVertices = 384;
 
-/// Fills `buffer` with the elements, if there are any, and stores their number in `count`.
-template <class Array> void uploadArray(const Array& elements, GLBuffer& buffer, int& count) {
-    if (elements.empty())
-        return;
-    buffer.create();
-    glBindBuffer(GL_ARRAY_BUFFER, buffer.name());
-    glBufferData(GL_ARRAY_BUFFER,
-                 static_cast<GLsizeiptr>(elements.size() * sizeof(typename Array::value_type)),
-                 elements.data(), GL_STATIC_DRAW);
-    count = static_cast<int>(elements.size());
-    ++glWork().uploads;
-}
-
-void drawArrays(unsigned mode, int count) {
+void drawArrays(unsigned mode, int first, int count) {
     if (count <= 0)
         return;
-    glDrawArrays(mode, 0, count);
+    glDrawArrays(mode, first, count);
     ++glWork().drawCalls;
 }
 
-/// Runs of vertices for one draw call.
-struct Runs {
-    std::vector<int> firsts;
-    std::vector<int> counts;
-
-    void append(int first, int count) {
-        if (!firsts.empty() && firsts.back() + counts.back() == first) {
-            counts.back() += count;
-        } else {
-            firsts.push_back(first);
-            counts.push_back(count);
-        }
-    }
-};
-
 } // namespace
 
-void VertexArray::upload(unsigned mode, unsigned) {
+void VertexRuns::append(int first, int count) {
+    if (count <= 0)
+        return;
+    if (!empty() && firsts_.back() + counts_.back() == first) {
+        counts_.back() += count;
+        return;
+    }
+    firsts_.push_back(first);
+    counts_.push_back(count);
+}
+
+void VertexRuns::draw(unsigned mode) {
+    if (empty())
+        return;
+    if (firsts_.size() == 1)
+        glDrawArrays(mode, firsts_[0], counts_[0]);
+    else
+        glMultiDrawArrays(mode, firsts_.data(), counts_.data(), static_cast<int>(firsts_.size()));
+    ++glWork().drawCalls;
+    firsts_.clear();
+    counts_.clear();
+}
+
+void VertexArray::placeUploaded(unsigned mode, int first) {
     primitiveMode = mode;
+    firstVertex = first;
+    if (!positions.empty())
+        vertexCount = static_cast<int>(positions.size());
     bounds_.reset();
-    uploadArray(positions, positionBuffer, vertexCount);
     glBindBuffer(GL_ARRAY_BUFFER, 0);
+}
+
+void VertexArray::upload(unsigned mode, unsigned) {
+    if (!positions.empty())
+        positionBuffer = makeFilledBuffer(std::as_bytes(std::span(positions)));
+    placeUploaded(mode, 0);
 }
 
 void VertexArray::bind(unsigned) const {
     // Without a buffer the pointer would be an address of the program.
-    if (!positionBuffer.exists())
+    if (positionBuffer == nullptr || !positionBuffer->exists())
         return;
-    glBindBuffer(GL_ARRAY_BUFFER, positionBuffer.name());
+    glBindBuffer(GL_ARRAY_BUFFER, positionBuffer->name());
     glVertexPointer(3, GL_FLOAT, 0, nullptr);
     glEnableClientState(GL_VERTEX_ARRAY);
 }
@@ -73,12 +76,12 @@ void VertexArray::unbind() const {
 
 void VertexArray::draw(unsigned drawFlags) const {
     bind(drawFlags);
-    drawArrays(primitiveMode, vertexCount);
+    drawArrays(primitiveMode, firstVertex, vertexCount);
 }
 
 void VertexArray::drawAs(unsigned drawFlags, unsigned mode) const {
     bind(drawFlags);
-    drawArrays(mode, vertexCount);
+    drawArrays(mode, firstVertex, vertexCount);
 }
 
 const VertexArray::Bounds& VertexArray::bounds() const {
@@ -102,39 +105,41 @@ bool VertexArray::isWithin(const ViewVolume& volume) const {
     return vertexCount > 0 && volume.meets(bounds().all);
 }
 
-void VertexArray::drawWithin(const ViewVolume* volume, unsigned drawFlags, unsigned mode) const {
+void VertexArray::appendWithin(const ViewVolume* volume, VertexRuns& runs) const {
     if (volume == nullptr) {
-        bind(drawFlags);
-        drawArrays(mode, vertexCount);
+        runs.append(firstVertex, vertexCount);
         return;
     }
     if (!isWithin(*volume))
         return;
-    Runs runs;
     const std::vector<Box>& parts = bounds().parts;
     for (size_t i = 0; i < parts.size(); ++i)
         if (volume->meets(parts[i])) {
-            const size_t first = i * kPartVertices;
-            const size_t count = static_cast<size_t>(vertexCount) - first;
-            runs.append(static_cast<int>(first), static_cast<int>(std::min(count, kPartVertices)));
+            const auto first = static_cast<int>(i * kPartVertices);
+            runs.append(firstVertex + first,
+                        std::min(vertexCount - first, static_cast<int>(kPartVertices)));
         }
-    if (runs.firsts.empty())
+}
+
+void VertexArray::drawWithin(const ViewVolume* volume, unsigned drawFlags, unsigned mode) const {
+    VertexRuns runs;
+    appendWithin(volume, runs);
+    if (runs.empty())
         return;
     bind(drawFlags);
-    glMultiDrawArrays(mode, runs.firsts.data(), runs.counts.data(),
-                      static_cast<int>(runs.firsts.size()));
-    ++glWork().drawCalls;
+    runs.draw(mode);
 }
 
 void ColorVertexArray::upload(unsigned mode, unsigned usage) {
-    uploadArray(colors, colorBuffer, colorCount);
+    if (!colors.empty())
+        colorBuffer = makeFilledBuffer(std::as_bytes(std::span(colors)));
     colors.clear();
     VertexArray::upload(mode, usage);
 }
 
 void ColorVertexArray::bind(unsigned drawFlags) const {
-    if ((drawFlags & kDrawColors) != 0 && colorCount > 0) {
-        glBindBuffer(GL_ARRAY_BUFFER, colorBuffer.name());
+    if ((drawFlags & kDrawColors) != 0 && colorBuffer != nullptr) {
+        glBindBuffer(GL_ARRAY_BUFFER, colorBuffer->name());
         glColorPointer(4, GL_FLOAT, 0, nullptr);
         glEnableClientState(GL_COLOR_ARRAY);
     } else {
@@ -146,64 +151,6 @@ void ColorVertexArray::bind(unsigned drawFlags) const {
 void ColorVertexArray::unbind() const {
     VertexArray::unbind();
     glDisableClientState(GL_COLOR_ARRAY);
-}
-
-void MeshVertexArray::upload(unsigned mode, unsigned usage) {
-    uploadArray(normals, normalBuffer, normalCount);
-    uploadArray(tangents, tangentBuffer, tangentCount);
-    uploadArray(texCoords, texCoordBuffer, texCoordCount);
-    normals.clear();
-    tangents.clear();
-    texCoords.clear();
-    VertexArray::upload(mode, usage);
-}
-
-void MeshVertexArray::bind(unsigned drawFlags) const {
-    VertexArray::bind(drawFlags);
-    if (normalCount > 0) {
-        glBindBuffer(GL_ARRAY_BUFFER, normalBuffer.name());
-        glNormalPointer(GL_FLOAT, 0, nullptr);
-        glEnableClientState(GL_NORMAL_ARRAY);
-    } else {
-        glDisableClientState(GL_NORMAL_ARRAY);
-    }
-    if (texCoordCount > 0) {
-        glBindBuffer(GL_ARRAY_BUFFER, texCoordBuffer.name());
-        glTexCoordPointer(3, GL_FLOAT, 0, nullptr);
-        glEnableClientState(GL_TEXTURE_COORD_ARRAY);
-    } else {
-        glDisableClientState(GL_TEXTURE_COORD_ARRAY);
-    }
-    if (tangentCount > 0) {
-        glBindBuffer(GL_ARRAY_BUFFER, tangentBuffer.name());
-        glSecondaryColorPointer(3, GL_FLOAT, 0, nullptr);
-        glEnableClientState(GL_SECONDARY_COLOR_ARRAY);
-    } else {
-        glDisableClientState(GL_SECONDARY_COLOR_ARRAY);
-    }
-}
-
-void MeshVertexArray::unbind() const {
-    VertexArray::unbind();
-    glDisableClientState(GL_NORMAL_ARRAY);
-    glDisableClientState(GL_TEXTURE_COORD_ARRAY);
-    glDisableClientState(GL_SECONDARY_COLOR_ARRAY);
-}
-
-void MeshVertexArray::bindTexCoords(int unit) const {
-    if (texCoordCount <= 0)
-        return;
-    glClientActiveTexture(static_cast<unsigned>(GL_TEXTURE0 + unit));
-    glBindBuffer(GL_ARRAY_BUFFER, texCoordBuffer.name());
-    glTexCoordPointer(3, GL_FLOAT, 0, nullptr);
-    glEnableClientState(GL_TEXTURE_COORD_ARRAY);
-    glClientActiveTexture(GL_TEXTURE0);
-}
-
-void MeshVertexArray::unbindTexCoords(int unit) {
-    glClientActiveTexture(static_cast<unsigned>(GL_TEXTURE0 + unit));
-    glDisableClientState(GL_TEXTURE_COORD_ARRAY);
-    glClientActiveTexture(GL_TEXTURE0);
 }
 
 void unbindAllArrays() {

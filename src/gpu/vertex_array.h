@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "gpu/gl_objects.h"
+#include "gpu/shared_buffer.h"
 #include "platform/win32.h"
 #include "scene/vector3.h"
 
@@ -35,6 +35,21 @@ template <class T> struct UnsetAllocator : std::allocator<T> {
 using Vec3Array = std::vector<Vec3, UnsetAllocator<Vec3>>;
 using Vec4Array = std::vector<Vec4, UnsetAllocator<Vec4>>;
 
+/// Runs of vertices of the same buffers, drawn in order with one call.
+class VertexRuns {
+  public:
+    /// Adds vertices `first` to `first + count - 1` of the buffers; to the last run if they follow
+    /// it. Nothing when `count` is not positive.
+    void append(int first, int count);
+    /// Draws from the buffers that are bound, and forgets the runs.
+    void draw(unsigned mode);
+    bool empty() const { return firsts_.empty(); }
+
+  private:
+    std::vector<int> firsts_;
+    std::vector<int> counts_;
+};
+
 /// Positions in memory and in a GL buffer, drawn in one call.
 class VertexArray {
   public:
@@ -59,16 +74,24 @@ class VertexArray {
 
     /// True when any part of what is uploaded may show in the volume.
     bool isWithin(const ViewVolume& volume) const;
-    /// Binds and draws as `mode`, in the same order as a whole draw, what may show in the volume:
-    /// parts of a few hundred vertices whose bounds meet it. A null volume has room for all.
+    /// Adds, in the order of a whole draw, what may show in the volume: parts of a few hundred
+    /// vertices whose bounds meet it. A null volume has room for all.
+    void appendWithin(const ViewVolume* volume, VertexRuns& runs) const;
+    /// Binds and draws that as `mode`.
     void drawWithin(const ViewVolume* volume, unsigned flags, unsigned mode) const;
 
     Vec3Array positions; ///< kept in memory after upload()
-    GLBuffer positionBuffer;
+    SharedBuffer positionBuffer;
+    int firstVertex = 0; ///< where the uploaded ones start in the buffers
     int vertexCount = 0; ///< uploaded
     unsigned primitiveMode = GL_TRIANGLES;
     int material = -1;  ///< of mesh batches
     uint32_t flags = 0; ///< kBatch...
+
+  protected:
+    /// Ends an upload: the positions start at vertex `first` of the buffers and are drawn as
+    /// `mode`. Leaves no buffer bound.
+    void placeUploaded(unsigned mode, int first);
 
   private:
     /// Bounds of the positions, and of each part of them.
@@ -89,34 +112,7 @@ class ColorVertexArray : public VertexArray {
     void unbind() const override;
 
     Vec4Array colors; ///< red, green, blue, alpha; empty after upload()
-    GLBuffer colorBuffer;
-    int colorCount = 0; ///< uploaded
-};
-
-/// The surface of one object in one material.
-class MeshVertexArray : public VertexArray {
-  public:
-    void upload(unsigned mode, unsigned usage = GL_STATIC_DRAW) override;
-    void bind(unsigned flags) const override;
-    void unbind() const override;
-    /// Meshes are drawn as triangles only: does nothing.
-    void drawAs(unsigned, unsigned) const override {}
-
-    /// Hands the texture coordinates to texture unit `unit` too, for the next draw; and takes them
-    /// away again.
-    void bindTexCoords(int unit) const;
-    static void unbindTexCoords(int unit);
-
-    // Empty after upload().
-    Vec3Array normals;
-    Vec3Array tangents;
-    Vec3Array texCoords; ///< u, v, 0
-    GLBuffer normalBuffer;
-    GLBuffer tangentBuffer;
-    GLBuffer texCoordBuffer;
-    int normalCount = 0;
-    int tangentCount = 0;
-    int texCoordCount = 0;
+    SharedBuffer colorBuffer;
 };
 
 /// Binds no buffer and turns every client array off.

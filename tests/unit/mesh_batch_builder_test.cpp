@@ -55,7 +55,8 @@ bool holdsCanary(const Vec3Array& vectors) {
 
 MeshBatches build(SceneFixture& fixture, int object) {
     Box bounds;
-    return MeshBatchBuilder(fixture.scene()).build(object, bounds);
+    MeshBatchBuilder builder(fixture.scene());
+    return builder.build(object, builder.batchSizes(object), bounds);
 }
 
 TEST(MeshBatchBuilder, SortsFacesByMaterialAndKeepsTheirOrder) {
