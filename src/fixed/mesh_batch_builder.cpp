@@ -118,7 +118,8 @@ std::vector<BatchSize> MeshBatchBuilder::batchSizes(int object) {
     });
     std::ranges::sort(sizes, {}, &BatchSize::material);
     for (BatchSize& size : sizes)
-        size.vertexCount = std::exchange(buckets_[static_cast<size_t>(size.material)], {}).vertexCount;
+        size.vertexCount =
+            std::exchange(buckets_[static_cast<size_t>(size.material)], {}).vertexCount;
     return sizes;
 }
 

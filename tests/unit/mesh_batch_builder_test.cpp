@@ -53,10 +53,14 @@ bool holdsCanary(const Vec3Array& vectors) {
     return false;
 }
 
-MeshBatches build(SceneFixture& fixture, int object) {
+MeshBatches build(MeshBatchBuilder& builder, int object) {
     Box bounds;
-    MeshBatchBuilder builder(fixture.scene());
     return builder.build(object, builder.batchSizes(object), bounds);
+}
+
+MeshBatches build(SceneFixture& fixture, int object) {
+    MeshBatchBuilder builder(fixture.scene());
+    return build(builder, object);
 }
 
 TEST(MeshBatchBuilder, SortsFacesByMaterialAndKeepsTheirOrder) {
@@ -240,7 +244,8 @@ TEST(MeshBatchBuilder, GrowsTheBoundsByEveryVertex) {
     fixture.addFace(face);
     fixture.commit();
     Box bounds{{-1, -1, -1}, {1, 1, 1}};
-    MeshBatchBuilder(fixture.scene()).build(0, bounds);
+    MeshBatchBuilder builder(fixture.scene());
+    builder.build(0, builder.batchSizes(0), bounds);
     EXPECT_EQ(bounds.min.x, -4);
     EXPECT_EQ(bounds.min.y, -1);
     EXPECT_EQ(bounds.min.z, -3);
@@ -261,9 +266,8 @@ TEST(MeshBatchBuilder, ReusesMemoryWithoutOldContents) {
     }
     fixture.commit();
     MeshBatchBuilder builder(fixture.scene());
-    Box bounds;
     for (int k = 0; k < 3; ++k) {
-        MeshBatches batches = builder.build(k, bounds);
+        MeshBatches batches = build(builder, k);
         ASSERT_EQ(batches.size(), 1u);
         const MeshVertexArray& batch = *batches[0];
         EXPECT_EQ(batch.normals.size(), batch.positions.size());
@@ -367,11 +371,10 @@ TEST(MeshBatchBuilder, DrawsLessOfBadRecords) {
         SceneFixture fixture;
         addTwoObjects(fixture);
         row.spoil(fixture);
-        Box bounds;
         MeshBatchBuilder builder(fixture.scene());
         for (int k = 0; k < 2; ++k) {
             size_t vertices = 0;
-            for (const auto& batch : builder.build(k, bounds)) {
+            for (const auto& batch : build(builder, k)) {
                 vertices += batch->positions.size();
                 for (const Vec3Array* array :
                      {&batch->positions, &batch->normals, &batch->tangents, &batch->texCoords})
