@@ -5,8 +5,8 @@
 #include "gl/gl_fixture.h"
 #include "gpu/gl_debug.h"
 #include "gpu/gl_state.h"
-#include "gpu/texture.h"
 #include "gpu/mesh_vertex_array.h"
+#include "gpu/texture.h"
 #include "render/light.h"
 #include "support/captured_output.h"
 
