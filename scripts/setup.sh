@@ -44,6 +44,7 @@ test_packages=(
     doxygen
     libgtest-dev
     libxtst-dev
+    lld
     pkgconf
     python3
 )

@@ -31,6 +31,25 @@ if(TOOLCHAIN)
     if(size LESS 1000)
         message(FATAL_ERROR "the sample saved no picture")
     endif()
+
+    # The import library as Microsoft's tools see it: their decorated names are of 32 bits.
+    if(TOOLCHAIN MATCHES win32)
+        find_program(CLANG NAMES clang clang-14 REQUIRED)
+        find_program(LLD_LINK NAMES lld-link lld-link-14 REQUIRED)
+        run(${CLANG} --target=i686-pc-windows-msvc -O1 -Wall -Wextra -Werror -ffreestanding
+            -fno-exceptions -c ${SOURCE}/microsoft_host.cpp -o ${work}/sample/microsoft_host.obj)
+        file(WRITE ${work}/kernel32.def "LIBRARY kernel32.dll\nEXPORTS\nExitProcess@4\n")
+        run(llvm-dlltool -m i386 -k -d ${work}/kernel32.def -l ${work}/kernel32.lib)
+        run(${LLD_LINK} /nologo /nodefaultlib /subsystem:console /entry:start /WX
+            /out:${work}/sample/microsoft_host.exe ${work}/sample/microsoft_host.obj
+            ${installed}/lib/ogl.lib ${work}/kernel32.lib)
+        execute_process(COMMAND ${SOURCE}/../../scripts/wine.sh run --timeout 100
+                                ./microsoft_host.exe WORKING_DIRECTORY ${work}/sample
+                        RESULT_VARIABLE step)
+        if(NOT step EQUAL 42)
+            message(FATAL_ERROR "the host of Microsoft's ABI ends with ${step}")
+        endif()
+    endif()
     return()
 endif()
 
