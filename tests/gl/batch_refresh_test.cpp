@@ -108,17 +108,6 @@ TEST_F(BatchRefreshTest, RebuildsWhenTheSceneSaysSo) {
     }
 }
 
-TEST_F(BatchRefreshTest, ResetsTheBoundsOnlyWithARebuild) {
-    selectDrawing();
-    drawFrame();
-    EXPECT_FLOAT_EQ(renderer_->sceneBounds.min.x, -9);
-    EXPECT_FLOAT_EQ(renderer_->sceneBounds.max.x, 8);
-    EXPECT_FLOAT_EQ(renderer_->sceneBounds.max.z, 1); // the unit cube is always inside
-    test::Bitmap bitmap(kViewSize, kViewSize, 24);
-    renderer_->drawToBitmap(bitmap.handle());
-    EXPECT_FLOAT_EQ(renderer_->sceneBounds.min.x, -9);
-}
-
 TEST_F(BatchRefreshTest, RebuildsForAnotherSceneRecord) {
     selectDrawing();
     drawFrame();
@@ -199,6 +188,12 @@ TEST_F(BatchRefreshTest, DrawsLessOfBadScenes) {
          true},
         {"no materials", [](SCENE& s, VIEW&) { s.geometry.materials.data = nullptr; }, false},
         {"no unit", [](SCENE& s, VIEW&) { s.geometry.unitScale = 0.0; }, true},
+        {"negative edges",
+         [](SCENE& s, VIEW&) {
+             s.geometry.edgeOpacity = -20;
+             s.lineWeight = -1000;
+         },
+         true},
         {"no field of view", [](SCENE& s, VIEW&) { s.geometry.fieldOfView = 0.0; }, false},
     };
     for (const auto& row : rows)
@@ -232,19 +227,6 @@ TEST_F(BatchRefreshTest, DrawsLessOfBadScenes) {
             fresh.scene().geometry.view = &fresh.view();
             fresh.view().objectCache = cache;
         }
-}
-
-TEST_F(BatchRefreshTest, RebuildsOnlyTheSurfacesWhenAsked) {
-    selectDrawing();
-    drawFrame();
-    scene_->entry(0).changeFlags = 7;
-    SceneBatches batches;
-    const uint64_t before = glWork().uploads;
-    batches.rebuildMeshesOnly(*renderer_);
-    EXPECT_EQ(glWork().uploads - before, 4u * kObjects * kMaterials);
-    EXPECT_EQ(scene_->entry(0).changeFlags, 0u);
-    EXPECT_EQ(scene_->entry(0).edgeCount, 2u);
-    EXPECT_EQ(batches.meshes().of(1).size(), static_cast<size_t>(kObjects));
 }
 
 } // namespace

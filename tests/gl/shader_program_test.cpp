@@ -7,10 +7,8 @@
 #include "render/program_sources.h"
 
 #include <algorithm>
-#include <functional>
 #include <span>
 #include <string>
-#include <vector>
 
 namespace ogl {
 namespace {
@@ -132,65 +130,6 @@ TEST_F(ShaderProgramTest, LogsAreCutToTheBuffer) {
     EXPECT_EQ(memory[kSize - 1], '\0');
     EXPECT_EQ(std::count(memory.begin() + kSize, memory.end(), '#'), static_cast<long>(kSize));
     test::acceptDebugMessages();
-}
-
-TEST_F(ShaderProgramTest, UniformsTakeTheirValues) {
-    ShaderProgram program;
-    std::array<char, kShaderLogSize> log{};
-    ASSERT_EQ(
-        program.build("uniforms", 0, kVertexSource,
-                      "#version 120\n"
-                      "uniform int i; uniform float f; uniform vec2 v2; uniform vec3 v3;\n"
-                      "uniform vec4 v4; uniform float fs[3]; uniform int is[2];\n"
-                      "uniform mat3 m3; uniform mat4 m4;\n"
-                      "void main() { gl_FragColor = vec4(float(i) + f + v2.x + v3.x + v4.x +\n"
-                      "    fs[1] + float(is[1]) + m3[1].x + m4[1].x + fs[2]); }\n",
-                      log),
-        0)
-        << log.data();
-    program.use();
-    const float values[16] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16};
-    const int integers[2] = {5, -6};
-    const struct {
-        const char* uniform;
-        std::function<void(const char*)> set;
-        std::vector<float> expected;
-    } rows[] = {
-        {"i", [&](const char* name) { program.setInt(name, -7); }, {-7}},
-        {"f", [&](const char* name) { program.setFloat(name, 0.25f); }, {0.25f}},
-        {"v2", [&](const char* name) { program.setVec2(name, 1, -2); }, {1, -2}},
-        {"v3", [&](const char* name) { program.setVec3(name, 4, 5, 6); }, {4, 5, 6}},
-        {"v4", [&](const char* name) { program.setVec4(name, 6, 7, 8, 9); }, {6, 7, 8, 9}},
-        {"fs[2]", [&](const char*) { program.setFloatArray("fs", 3, values); }, {3}},
-        {"is[1]", [&](const char*) { program.setIntArray("is", 2, integers); }, {-6}},
-        {"v2", [&](const char* name) { program.setVec2v(name, values); }, {1, 2}},
-        {"v3", [&](const char* name) { program.setVec3v(name, values); }, {1, 2, 3}},
-        {"v4", [&](const char* name) { program.setVec4v(name, values); }, {1, 2, 3, 4}},
-        {"m3", [&](const char* name) { program.setMat3(name, values); }, {1, 2, 3, 4}},
-        {"m4", [&](const char* name) { program.setMat4(name, values); }, {1, 2, 3, 4, 5}},
-    };
-    for (const auto& row : rows) {
-        row.set(row.uniform);
-        float read[16] = {};
-        glGetUniformfv(program.programId(), glGetUniformLocation(program.programId(), row.uniform),
-                       read);
-        for (size_t i = 0; i < row.expected.size(); ++i)
-            EXPECT_EQ(read[i], row.expected[i]) << row.uniform << " " << i;
-    }
-    program.setFloat("unknown", 1.0f); // ignored
-    ShaderProgram::useNone();
-}
-
-TEST_F(ShaderProgramTest, LeavesNoObjectsAndMovesWithThem) {
-    ShaderProgram first;
-    std::array<char, kShaderLogSize> log{};
-    first.build("moved", 3, kVertexSource, kFragmentSource, log);
-    const unsigned id = first.programId();
-    ShaderProgram second = std::move(first);
-    EXPECT_EQ(second.programId(), id);
-    EXPECT_EQ(second.name(), "moved");
-    EXPECT_TRUE(isLinked(second));
-    EXPECT_EQ(liveObjects(GLKind::Program), 1);
 }
 
 } // namespace

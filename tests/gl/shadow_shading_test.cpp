@@ -167,19 +167,6 @@ TEST_F(ShadowShadingTest, TexturesCountTwiceAndOpacityMapsCutOut) {
     releaseTextureImage(clear);
 }
 
-TEST_F(ShadowShadingTest, OpacityBecomesCoverage) {
-    MATERIAL glass = plainMaterial();
-    glass.opacity = 0.5f;
-    const auto material = static_cast<int16_t>(scene_->addMaterial(glass));
-    scene_->addObject();
-    scene_->addFace(plate(-6, -6, 6, 6, 0, material));
-    selectShadow(kDrawFullQuality);
-    const auto mean = drawFrame().mean(60, 60, 140, 140);
-    const Pixel lit = shaded({1, 1, 1}, {0, 0, 1}, 1.0);
-    EXPECT_NEAR(mean[0], (lit.red + kBackground.red) / 2.0, 0.13 * 255);
-    EXPECT_NEAR(mean[2], (lit.blue + kBackground.blue) / 2.0, 0.13 * 255);
-}
-
 TEST_F(ShadowShadingTest, FacesMarkedUnlitKeepTheirColor) {
     const auto clay = static_cast<int16_t>(addColored(kClay));
     scene_->addObject();

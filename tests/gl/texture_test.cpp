@@ -179,16 +179,6 @@ TEST_F(TextureTest, ShowsEveryPixelOfEveryWidth) {
     }
 }
 
-TEST_F(TextureTest, ModulatesInlineTexturesByHalf) {
-    TEXTURESLOT slot{};
-    slot.color = make({dibBytes(1, 1, 24, {40, 120, 200}), kDib, 0, 1, 1, 24});
-    addRectangle(slot, 7, 7, false);
-    FixedRenderer& renderer = selectDrawing(kTexturesAll);
-    EXPECT_TRUE(isNear(pixelAt(drawFrame(), 0, 0), {100, 60, 20}, 1));
-    renderer.textureMode = kTexturesSharedOnly;
-    EXPECT_TRUE(isNear(pixelAt(drawFrame(), 0, 0), {255, 255, 255}, 1));
-}
-
 TEST_F(TextureTest, CutsOutByOpacityMapsOfEveryKind) {
     constexpr int kWidth = 5;
     constexpr int kHeight = 3;

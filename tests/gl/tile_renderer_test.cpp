@@ -23,52 +23,6 @@ class TileRendererTest : public test::GLTest {
     }
 };
 
-TEST_F(TileRendererTest, LaysTilesOverTheImage) {
-    const struct {
-        const char* name;
-        int image[2], tile[2], border;
-        int columns, rows;
-        int lastWidth, topHeight; ///< borders included
-    } rows[] = {
-        {"exact", {64, 32}, {16, 16}, 0, 4, 2, 16, 16},
-        {"a rest on both sides", {37, 23}, {16, 12}, 3, 4, 4, 13, 11},
-        {"one tile larger than the image", {10, 7}, {64, 64}, 8, 1, 1, 26, 23},
-        {"one row", {100, 5}, {20, 20}, 5, 10, 1, 20, 15},
-    };
-    for (const auto& row : rows)
-        for (const TileToken order : {TileToken::BottomToTop, TileToken::TopToBottom}) {
-            TileRenderer tiles;
-            tiles.setRowOrder(order);
-            tiles.setRowOrder(TileToken::Rows); // no order
-            EXPECT_EQ(tiles.get(TileToken::RowOrder), static_cast<int>(order));
-            tiles.setTileSize(row.tile[0], row.tile[1], row.border);
-            tiles.setImageSize(row.image[0], row.image[1]);
-            EXPECT_EQ(tiles.get(TileToken::Columns), row.columns) << row.name;
-            EXPECT_EQ(tiles.get(TileToken::Rows), row.rows) << row.name;
-            EXPECT_EQ(tiles.get(TileToken::CurrentRow), -1) << row.name;
-            int drawn = 0;
-            bool more = true;
-            while (more) {
-                tiles.beginTile();
-                const int r = drawn / row.columns;
-                const int column = drawn % row.columns;
-                const int expectedRow = order == TileToken::BottomToTop ? r : row.rows - 1 - r;
-                const bool isTop = expectedRow == row.rows - 1;
-                EXPECT_EQ(tiles.get(TileToken::CurrentRow), expectedRow) << row.name;
-                EXPECT_EQ(tiles.get(TileToken::CurrentColumn), column) << row.name;
-                GLint viewport[4] = {};
-                glGetIntegerv(GL_VIEWPORT, viewport);
-                EXPECT_EQ(viewport[2], column == row.columns - 1 ? row.lastWidth : row.tile[0])
-                    << row.name;
-                EXPECT_EQ(viewport[3], isTop ? row.topHeight : row.tile[1]) << row.name;
-                ++drawn;
-                more = tiles.endTile();
-            }
-            EXPECT_EQ(drawn, row.columns * row.rows) << row.name;
-            EXPECT_EQ(tiles.get(TileToken::CurrentColumn), -1) << row.name;
-        }
-}
-
 TEST_F(TileRendererTest, DrawsNothingWithoutAPartToKeep) {
     TileRenderer tiles;
     tiles.setImageSize(10, 10);
@@ -79,33 +33,6 @@ TEST_F(TileRendererTest, DrawsNothingWithoutAPartToKeep) {
     tiles.setImageSize(0, 10);
     tiles.beginTile();
     EXPECT_FALSE(tiles.endTile());
-}
-
-TEST_F(TileRendererTest, SplitsTheProjection) {
-    TileRenderer tiles;
-    tiles.setImageSize(100, 50);
-    tiles.setTileSize(60, 35, 5); // two by two
-    tiles.setPerspective(90.0, 2.0, 0.5, 10.0);
-    tiles.setTileBuffer(GL_RGBA, GL_UNSIGNED_BYTE, nullptr);
-    // Bounds on the near plane: -1 .. 1 and -0.5 .. 0.5 for the image, 0.02 a pixel.
-    const double expected[4][4] = {{-1.1, 0.1, -0.6, 0.1},
-                                   {-0.1, 1.1, -0.6, 0.1},
-                                   {-1.1, 0.1, -0.1, 0.6},
-                                   {-0.1, 1.1, -0.1, 0.6}};
-    for (const auto& bounds : expected) {
-        tiles.beginTile();
-        double loaded[16] = {};
-        glGetDoublev(GL_PROJECTION_MATRIX, loaded);
-        const double width = bounds[1] - bounds[0];
-        const double height = bounds[3] - bounds[2];
-        EXPECT_NEAR(loaded[0], 1.0 / width, 1e-5);
-        EXPECT_NEAR(loaded[5], 1.0 / height, 1e-5);
-        EXPECT_NEAR(loaded[8], (bounds[0] + bounds[1]) / width, 1e-5);
-        EXPECT_NEAR(loaded[9], (bounds[2] + bounds[3]) / height, 1e-5);
-        EXPECT_NEAR(loaded[10], -10.5 / 9.5, 1e-5);
-        EXPECT_NEAR(loaded[14], -10.0 / 9.5, 1e-5);
-        tiles.endTile();
-    }
 }
 
 /// Each pixel of the picture in a colour of its own.

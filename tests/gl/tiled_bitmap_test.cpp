@@ -3,39 +3,21 @@
 #include "fixed/bitmap_frame.h"
 #include "fixed/edge_renderer.h"
 #include "fixed/fixed_renderer.h"
-#include "gl/gl_fixture.h"
+#include "gl/shadow_fixture.h"
 #include "platform/own_window.h"
 
 #include <cstdlib>
-#include <fstream>
 
 namespace ogl {
 namespace {
 
+using test::addBox;
 using test::Bitmap;
-using test::FaceShape;
 using test::Picture;
 using test::plainMaterial;
 
 constexpr int kWidth = 700;
 constexpr int kHeight = 500;
-
-/// A box of six faces with outlines, fronts outwards.
-void addBox(test::SceneFixture& scene, Vec3 low, Vec3 high, int16_t material) {
-    const auto face = [&](Vec3 a, Vec3 b, Vec3 c, Vec3 d) {
-        FaceShape shape = test::quad(a, b, c, d, material);
-        for (auto& loop : shape.loops)
-            loop.style = test::closedStyle();
-        scene.addFace(shape);
-    };
-    const float x0 = low.x, y0 = low.y, z0 = low.z, x1 = high.x, y1 = high.y, z1 = high.z;
-    face({x0, y0, z1}, {x0, y1, z1}, {x1, y1, z1}, {x1, y0, z1});
-    face({x0, y0, z0}, {x1, y0, z0}, {x1, y1, z0}, {x0, y1, z0});
-    face({x0, y0, z0}, {x0, y0, z1}, {x1, y0, z1}, {x1, y0, z0});
-    face({x1, y1, z0}, {x1, y1, z1}, {x0, y1, z1}, {x0, y1, z0});
-    face({x0, y1, z0}, {x0, y1, z1}, {x0, y0, z1}, {x0, y0, z0});
-    face({x1, y0, z0}, {x1, y0, z1}, {x1, y1, z1}, {x1, y1, z0});
-}
 
 /// Two pictures of one size.
 struct Pair {
@@ -43,21 +25,6 @@ struct Pair {
     const Bitmap& expected;
     int width, height;
 
-    /// Writes actual and expected into the folder that OGL_TEST_PICTURES names, for looking at.
-    void keep(const std::string& name) const {
-        const char* folder = std::getenv("OGL_TEST_PICTURES");
-        if (folder == nullptr)
-            return;
-        std::ofstream file(std::string(folder) + "/tiled_" + name + ".ppm", std::ios::binary);
-        file << "P6 " << width << ' ' << 2 * height << " 255\n";
-        for (const Bitmap* bitmap : {&actual, &expected})
-            for (int y = height - 1; y >= 0; --y)
-                for (int x = 0; x < width; ++x) {
-                    const test::Pixel p = bitmap->at(x, y);
-                    for (const int channel : {p.red, p.green, p.blue})
-                        file.put(static_cast<char>(channel));
-                }
-    }
     bool isBeside(const Bitmap& bitmap, int x, int y, test::Pixel color, int tolerance) const {
         for (int v = std::max(y - 1, 0); v <= std::min(y + 1, height - 1); ++v)
             for (int u = std::max(x - 1, 0); u <= std::min(x + 1, width - 1); ++u)
@@ -176,7 +143,6 @@ TEST_F(TiledBitmapTest, EqualsOneLargeFrame) {
         drawFromView(kWidth, kHeight, whole);
         drawFromView(row.viewWidth, row.viewHeight, tiled);
         const Pair pair{tiled, whole, kWidth, kHeight};
-        pair.keep(row.name);
         EXPECT_LE(pair.strangers(2), row.strangers) << row.name;
         EXPECT_EQ(glIsEnabled(GL_SCISSOR_TEST), GL_FALSE) << row.name;
         EXPECT_EQ(renderer_->camera.viewportWidth, row.viewWidth) << row.name;
@@ -206,7 +172,6 @@ TEST_F(TiledBitmapTest, DrawsBordersForScreenSpacePasses) {
                   },
                   {.screenSpacePasses = true});
         const Pair pair{tiled, whole, kWidth, kHeight};
-        pair.keep("screen_space");
         EXPECT_EQ(tiles, 11 * 8);
         EXPECT_EQ(borders, tiles);
         EXPECT_LE(pair.strangers(2), 20) << zoomWidth;

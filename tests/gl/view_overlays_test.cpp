@@ -191,16 +191,5 @@ TEST_F(ViewOverlays, DrawTheTooltipAsWideAsItsText) {
     EXPECT_EQ(differingPixels(frame(), expectedFrame([] {})), 0);
 }
 
-TEST_F(ViewOverlays, StayOffTheSecondWindow) {
-    view().tooltip = {40, 90};
-    view().tooltipText[0] = 'x';
-    frame();
-    GLSurface second = context_->primary;
-    second.isSecondary = 1;
-    renderer_->drawToWindow(second);
-    const Picture drawn = Picture::read(kViewSize, kViewSize);
-    EXPECT_EQ(differingPixels(drawn, expectedFrame([] {})), 0);
-}
-
 } // namespace
 } // namespace ogl

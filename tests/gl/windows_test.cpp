@@ -2,14 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "gl/window_fixture.h"
 
-#include "support/system.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <atomic>
 
-using ogl::test::TestContext;
 using ogl::test::TestWindow;
 
 namespace {
@@ -37,26 +34,6 @@ TEST(Windows, ClassesAndProceduresDecideWhatIsCreated) {
               nullptr);
     EXPECT_TRUE(UnregisterClassA("OglRefusing", windowClass.hInstance));
     EXPECT_FALSE(UnregisterClassA("OglRefusing", windowClass.hInstance));
-}
-
-TEST(Windows, HiddenWindowTakesAnySizeAtOnce) {
-    if (!ogl::test::platformLayerIsOurs())
-        GTEST_SKIP() << "Windows keeps a window within the screen";
-    TestWindow window(320, 200);
-    ASSERT_NE(window.handle(), nullptr);
-    EXPECT_FALSE(IsWindowVisible(window.handle()));
-    const int sizes[][2] = {{320, 200}, {901, 707}, {200, 150}, {1500, 1300}, {333, 1}};
-    for (const auto& size : sizes) {
-        window.resizeClient(size[0], size[1]);
-        RECT client{};
-        ASSERT_TRUE(GetClientRect(window.handle(), &client));
-        EXPECT_EQ(client.left, 0);
-        EXPECT_EQ(client.top, 0);
-        if (size[1] > 1) { // Windows keeps a caption's worth of height
-            EXPECT_EQ(client.right, size[0]);
-            EXPECT_EQ(client.bottom, size[1]);
-        }
-    }
 }
 
 TEST(Windows, ShownWindowIsToldItsSizeAndAskedToPaint) {
@@ -110,88 +87,6 @@ TEST(Windows, DestroyedWindowIsToldAndGone) {
     EXPECT_EQ(GetDC(handle), nullptr);
     EXPECT_FALSE(DestroyWindow(handle));
     EXPECT_FALSE(PostMessageA(handle, WM_CLOSE, 0, 0));
-}
-
-namespace {
-
-struct Worker {
-    std::atomic<HWND> window = nullptr;
-    std::atomic<HDC> dc = nullptr;
-    std::atomic<int> handled = 0;
-    std::atomic<DWORD> handledOn = 0;
-};
-
-constexpr UINT kPing = WM_APP + 3;
-
-LRESULT CALLBACK workerProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == kPing) {
-        auto* worker = reinterpret_cast<Worker*>(lParam);
-        worker->handledOn = GetCurrentThreadId();
-        worker->handled += static_cast<int>(wParam);
-        return 0;
-    }
-    if (message == WM_DESTROY) {
-        PostQuitMessage(7);
-        return 0;
-    }
-    return DefWindowProcA(window, message, wParam, lParam);
-}
-
-DWORD WINAPI runWorker(LPVOID parameter) {
-    auto* worker = static_cast<Worker*>(parameter);
-    WNDCLASSA windowClass{};
-    windowClass.lpfnWndProc = workerProcedure;
-    windowClass.hInstance = GetModuleHandleA(nullptr);
-    windowClass.lpszClassName = "OglWorker";
-    RegisterClassA(&windowClass);
-    worker->window = CreateWindowExA(0, "OglWorker", "", WS_OVERLAPPEDWINDOW, 0, 0, 320, 240,
-                                     nullptr, nullptr, windowClass.hInstance, nullptr);
-    worker->dc = GetDC(worker->window);
-    MSG message;
-    while (GetMessageA(&message, nullptr, 0, 0) > 0) {
-        TranslateMessage(&message);
-        DispatchMessageA(&message);
-    }
-    UnregisterClassA("OglWorker", windowClass.hInstance);
-    return static_cast<DWORD>(message.wParam);
-}
-
-} // namespace
-
-// The library's own window in small: a thread makes the window and waits in its loop, another draws
-// into it, resizes it and ends it.
-TEST(Windows, AnotherThreadsWindowDrawsResizesAndEnds) {
-    Worker worker;
-    DWORD threadId = 0;
-    const HANDLE thread = CreateThread(nullptr, 0, runWorker, &worker, 0, &threadId);
-    ASSERT_NE(thread, nullptr);
-    EXPECT_NE(threadId, GetCurrentThreadId());
-    for (int waited = 0; worker.dc == nullptr && waited < 1000; ++waited)
-        Sleep(5);
-    ASSERT_NE(worker.dc, nullptr);
-    {
-        TestContext context(worker.window);
-        ASSERT_TRUE(MoveWindow(worker.window, 0, 0, 500, 400, TRUE));
-        RECT client{};
-        ASSERT_TRUE(GetClientRect(worker.window, &client));
-        EXPECT_GT(client.right, 400);
-        glClearColor(0.0f, 1.0f, 0.0f, 1.0f);
-        glClear(GL_COLOR_BUFFER_BIT);
-        EXPECT_EQ(ogl::test::readBackBuffer(1, 1)[1], 255);
-    }
-    for (int i = 0; i < 10; ++i)
-        ASSERT_TRUE(PostMessageA(worker.window, kPing, 1, reinterpret_cast<LPARAM>(&worker)));
-    EXPECT_FALSE(DestroyWindow(worker.window)); // only its own thread may
-    EXPECT_EQ(WaitForSingleObject(thread, 20), static_cast<DWORD>(WAIT_TIMEOUT));
-    ASSERT_TRUE(PostMessageA(worker.window, WM_CLOSE, 0, 0));
-    ASSERT_EQ(WaitForSingleObject(thread, 5000), static_cast<DWORD>(WAIT_OBJECT_0));
-    EXPECT_EQ(worker.handled, 10);
-    EXPECT_EQ(worker.handledOn, threadId);
-    DWORD exitCode = 0;
-    EXPECT_TRUE(GetExitCodeThread(thread, &exitCode));
-    EXPECT_EQ(exitCode, 7u);
-    EXPECT_FALSE(IsWindow(worker.window));
-    EXPECT_TRUE(CloseHandle(thread));
 }
 
 namespace {

@@ -8,55 +8,7 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-
 using namespace ogl::test;
-
-// Mesa's software renderer, which the tests run on here, has 4 samples and not more.
-TEST(X11Drawable, SoftwareRendererOffersFourSamples) {
-    TestWindow window(64, 64);
-    TestContext context(window.handle());
-    const std::string renderer = reinterpret_cast<const char*>(glGetString(GL_RENDERER));
-    if (renderer.find("llvmpipe") == std::string::npos)
-        GTEST_SKIP() << renderer;
-    EXPECT_GT(ogl::multisampleFormat(context.dc(), 4), 0);
-    EXPECT_EQ(ogl::multisampleFormat(context.dc(), 8), 0);
-    EXPECT_EQ(ogl::multisampleFormat(context.dc(), 16), 0);
-}
-
-// Under Wine the back buffer follows only after a swap, which is the library's own business; here
-// the platform layer promises the new size as soon as MoveWindow or GetClientRect has returned.
-TEST(X11Drawable, HiddenBackBufferHasTheWindowsSizeAtOnce) {
-    for (const int samples : {0, 4}) {
-        TestWindow window(320, 200);
-        int format = 0;
-        if (samples) {
-            const HDC dc = GetDC(window.handle());
-            format = ogl::multisampleFormat(dc, samples);
-            ReleaseDC(window.handle(), dc);
-        }
-        TestContext context(window.handle(), format);
-        const int sizes[][2] = {{320, 200}, {900, 700}, {100, 80}, {101, 500}, {1400, 1100}};
-        int frame = 0;
-        for (const auto& size : sizes) {
-            window.resizeClient(size[0], size[1]);
-            const float green = ++frame % 2 ? 1.0f : 0.0f;
-            glViewport(0, 0, size[0], size[1]);
-            clearTo(1.0f, green, 0.0f);
-            const auto pixels = readBackBuffer(size[0], size[1]);
-            EXPECT_EQ(wrongPixels(pixels, 255, green > 0.0f ? 255 : 0, 0), 0u)
-                << size[0] << " x " << size[1] << ", " << samples << " samples";
-            // A mark in the last column and row: the corner is where a stale size shows.
-            glEnable(GL_SCISSOR_TEST);
-            glScissor(size[0] - 1, size[1] - 1, 1, 1);
-            glClearColor(0.0f, 0.0f, 1.0f, 1.0f);
-            glClear(GL_COLOR_BUFFER_BIT);
-            const auto marked = readBackBuffer(size[0], size[1]);
-            EXPECT_EQ(marked[marked.size() - 2], 255);
-            EXPECT_EQ(marked[marked.size() - 6], 0);
-        }
-    }
-}
 
 // The same without being current while the size changes, and with swaps in between.
 TEST(X11Drawable, HiddenBackBufferFollowsWhileNotCurrent) {

@@ -116,23 +116,6 @@ TEST(X11Input, MouseStateIsRelativeAndKnowsItsButtons) {
     EXPECT_EQ(devices.mouseState().rgbButtons[0], 0);
 }
 
-TEST(X11Input, DevicesRefuseWhatDirectInputRefuses) {
-    const Devices devices;
-    BYTE buffer[256];
-    EXPECT_TRUE(FAILED(devices.keyboard->Acquire())); // no data format yet
-    EXPECT_TRUE(FAILED(devices.keyboard->SetDataFormat(&c_dfDIMouse)));
-    EXPECT_TRUE(FAILED(devices.keyboard->SetCooperativeLevel(nullptr, DISCL_EXCLUSIVE)));
-    EXPECT_EQ(devices.keyboard->SetDataFormat(&c_dfDIKeyboard), DI_OK);
-    EXPECT_EQ(devices.keyboard->GetDeviceState(256, buffer), DIERR_NOTACQUIRED);
-    EXPECT_EQ(devices.keyboard->Acquire(), DI_OK);
-    EXPECT_TRUE(FAILED(devices.keyboard->GetDeviceState(16, buffer)));
-    EXPECT_EQ(devices.keyboard->Unacquire(), DI_OK);
-    EXPECT_EQ(devices.keyboard->GetDeviceState(256, buffer), DIERR_NOTACQUIRED);
-    void* nothing = &buffer;
-    EXPECT_TRUE(FAILED(DirectInput8Create(nullptr, 0x0300, IID_IDirectInput8A, &nothing, nullptr)));
-    EXPECT_EQ(nothing, nullptr);
-}
-
 // With the drawing child on top: events reach the window all the same.
 TEST(X11Input, MessagesOfKeysAndMouseArriveThroughTheDrawing) {
     X11Client person;

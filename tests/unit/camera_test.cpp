@@ -18,47 +18,6 @@ void expectNear(Vec3 actual, Vec3 expected) {
     EXPECT_NEAR(actual.z, expected.z, 1e-5f);
 }
 
-TEST(OrthoCamera, SeesTheWholeBoxAlongADirection) {
-    OrthoCamera camera;
-    camera.setBounds({{0, 0, 0}, {2, 0, 0}});
-    camera.setDirection({0, 0, -1});
-    expectNear(camera.position, {1, 0, 2.2f});
-    expectNear(camera.target, {1, 0, 0});
-    EXPECT_NEAR(camera.near, 1.2f, 1e-5f);
-    EXPECT_NEAR(camera.far, 3.2f, 1e-5f);
-}
-
-TEST(ViewCamera, FollowsTheZoomWindow) {
-    const struct {
-        const char* name;
-        int width, height; ///< of the view
-        int centerX, centerY, windowWidth, windowHeight;
-        double scale, offsetX, offsetY;
-    } rows[] = {
-        {"no window", 800, 600, 5, 5, 0, 0, 1.0, -10.0 / (800.0 / 600 * 32000), -10.0 / 32000},
-        {"half the height", 800, 800, 0, 0, 16000, 16000, 2.0, 0, 0},
-        {"by height, moved", 800, 400, 3200, -1600, 16000, 16000, 2.0, -0.1, 0.1},
-        {"by width", 800, 400, 0, 0, 32000, 8000, 2.0, 0, 0},
-        {"by width, narrow", 400, 800, 0, 0, 8000, 8000, 2.0, 0, 0},
-    };
-    for (const auto& row : rows) {
-        SceneFixture fixture;
-        SCENE& scene = fixture.scene();
-        scene.viewWindowCenterX = row.centerX;
-        scene.viewWindowCenterY = row.centerY;
-        scene.viewWindowWidth = row.windowWidth;
-        scene.viewWindowHeight = row.windowHeight;
-        PerspectiveCamera camera;
-        setViewCamera(camera, scene, row.width, row.height, 1000.0f);
-        const bool hasWindow = row.windowWidth > 0;
-        EXPECT_NEAR(camera.scale, row.scale, 1e-6) << row.name;
-        EXPECT_NEAR(camera.offsetX, hasWindow ? row.offsetX : 0.0, 1e-6) << row.name;
-        EXPECT_NEAR(camera.offsetY, hasWindow ? row.offsetY : 0.0, 1e-6) << row.name;
-        EXPECT_FLOAT_EQ(camera.near, 0.4f) << row.name;
-        EXPECT_FLOAT_EQ(camera.far, 1000.0f) << row.name;
-    }
-}
-
 TEST(ViewCamera, HasAnAspectWhenTheViewHasNoSize) {
     SceneFixture fixture;
     PerspectiveCamera camera;

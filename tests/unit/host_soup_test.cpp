@@ -455,16 +455,5 @@ TEST(HostSoup, UnusableTrianglesAreDroppedAndCounted) {
     EXPECT_TRUE(buildSoup(Soup{}).faces.empty());
 }
 
-TEST(HostSoup, EdgesAndTrianglesShareTheirCornersToTheLastBit) {
-    const Result r = buildSoup(box({0.1234567, -7.7654321, 33.333333}, {17.654321, 2.2, 35.1}));
-    ASSERT_EQ(r.faces.size(), 6u);
-    for (const ReadFace& face : r.faces)
-        for (const ReadLoop& loop : face.loops)
-            for (const Vec3& p : loop.points)
-                EXPECT_TRUE(std::ranges::any_of(
-                    face.corners, [&](Vec3 c) { return c.x == p.x && c.y == p.y && c.z == p.z; }))
-                    << p.x << " " << p.y << " " << p.z;
-}
-
 } // namespace
 } // namespace ogl::test

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "fixed/material_color.h"
 
-#include "fixed/edge_pass.h"
 #include "fixed/surface_pass.h"
 #include "support/scene_fixture.h"
 
@@ -21,6 +20,7 @@ MATERIAL paint(float brightness, float opacity, float reflection = 0.0f) {
 }
 
 TEST(MaterialColor, FollowsTheModes) {
+    constexpr int kShared = kTexturesSharedOnly;
     const struct {
         const char* name;
         MATERIAL material;
@@ -28,36 +28,12 @@ TEST(MaterialColor, FollowsTheModes) {
         bool sharedSlot, textured;
         Vec4 expected;
     } rows[] = {
-        {"drawing is white", paint(0.4f, 1), kTexturesSharedOnly, 2, false, false, {1, 1, 1, 1}},
+        {"drawing is white", paint(0.4f, 1), kShared, 2, false, false, {1, 1, 1, 1}},
         {"no textures", paint(0.4f, 1), kTexturesNone, 0, false, false, {1, 1, 1, 1}},
-        {"white keeps opacity",
-         paint(0.4f, 0.7f),
-         kTexturesSharedOnly,
-         2,
-         false,
-         false,
-         {1, 1, 1, 0.7f}},
-        {"shared slot is opaque",
-         paint(0.4f, 0.7f),
-         kTexturesSharedOnly,
-         2,
-         true,
-         true,
-         {1, 1, 1, 1}},
-        {"faint becomes 0.2",
-         paint(0.4f, 0.1f),
-         kTexturesSharedOnly,
-         2,
-         false,
-         false,
-         {1, 1, 1, 0.2f}},
-        {"nothing stays nothing",
-         paint(0.4f, 0),
-         kTexturesSharedOnly,
-         2,
-         false,
-         false,
-         {1, 1, 1, 0}},
+        {"white keeps opacity", paint(0.4f, 0.7f), kShared, 2, false, false, {1, 1, 1, 0.7f}},
+        {"shared slot is opaque", paint(0.4f, 0.7f), kShared, 2, true, true, {1, 1, 1, 1}},
+        {"faint becomes 0.2", paint(0.4f, 0.1f), kShared, 2, false, false, {1, 1, 1, 0.2f}},
+        {"nothing stays nothing", paint(0.4f, 0), kShared, 2, false, false, {1, 1, 1, 0}},
         {"by brightness", paint(0.4f, 1), kTexturesAll, 0, false, false, {0.6f, 0.4f, 0.2f, 1}},
         {"clamped", paint(0.8f, 1), kTexturesAll, 0, false, false, {1, 0.8f, 0.4f, 1}},
         {"reflection", paint(0.4f, 1, 0.2f), kTexturesAll, 0, false, false, {0.7f, 0.5f, 0.3f, 1}},
@@ -108,29 +84,6 @@ TEST(SurfaceLayer, SkipsUnusedMaterialsAndThoseThatLackTheirTexture) {
     EXPECT_FALSE(isSkipped(material));
     material.useCount = 0;
     EXPECT_TRUE(isSkipped(material));
-}
-
-TEST(EdgeStyle, NeverFadesAwayOutsideFullQuality) {
-    const struct {
-        const char* name;
-        int opacity, weight;
-        uint32_t drawFlags;
-        float alpha, width;
-    } rows[] = {
-        {"full", 100, 0, 0, 1.0f, 0.6f},
-        {"none", 0, 16, 0, 0.05f, 1.6f},
-        {"none in full quality", 0, 16, kDrawFullQuality, 0.0f, 1.6f},
-        {"faint", 3, 0, 0, 0.05f, 0.6f},
-        {"nonsense", -20, -1000, kDrawFullQuality, 0.0f, 0.0625f},
-    };
-    for (const auto& row : rows) {
-        test::SceneFixture fixture;
-        fixture.geometry().edgeOpacity = row.opacity;
-        fixture.scene().lineWeight = row.weight;
-        const EdgeStyle style = edgeStyle(fixture.scene(), row.drawFlags, 0.6f);
-        EXPECT_NEAR(style.alpha, row.alpha, 1e-6f) << row.name;
-        EXPECT_NEAR(style.width, row.width, 1e-6f) << row.name;
-    }
 }
 
 } // namespace

@@ -6,7 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <limits>
 #include <vector>
 
@@ -112,69 +111,6 @@ TEST_F(Picking, CountsFarHitsAtTheFarthestDistance) {
     fixture_.commit();
     ASSERT_EQ(pickAt().size(), 1u);
     EXPECT_EQ(pickAt().front().distance, 1e7f);
-}
-
-struct PictureWindow {
-    double zoom = 1.0, centerX = 0.0, centerY = 0.0;
-};
-
-/// Where the view shows a point: the pinhole camera, and the zoom window as a part of its picture.
-struct Seen {
-    double x, y; ///< pixels from the top left corner
-};
-Seen seenAt(Vec3 point, const ViewPixel& view, double fov, const PictureWindow& window) {
-    const double half = std::tan(fov / 2.0);
-    const double aspect = static_cast<double>(view.viewWidth) / view.viewHeight;
-    const double right = static_cast<double>(point.x) / static_cast<double>(point.y) / half;
-    const double up = static_cast<double>(point.z) / static_cast<double>(point.y) / half;
-    const double x = window.zoom * (right - 2.0 * window.centerX) / aspect;
-    const double y = window.zoom * (up - 2.0 * window.centerY);
-    return {(x + 1.0) * 0.5 * view.viewWidth, (1.0 - y) * 0.5 * view.viewHeight};
-}
-
-TEST_F(Picking, FollowsTheViewAndItsZoomWindow) {
-    const Vec3 places[] = {{-1.2f, 4, 0.7f}, {1.5f, 4, 1.2f}, {0.3f, 4, -1.6f}};
-    for (const Vec3& p : places) {
-        const float s = 0.02f;
-        add(quad({p.x - s, p.y, p.z - s}, {p.x - s, p.y, p.z + s}, {p.x + s, p.y, p.z + s},
-                 {p.x + s, p.y, p.z - s}));
-    }
-    fixture_.commit();
-    const struct {
-        const char* name;
-        int width, height;
-        int window[4]; ///< centre and size
-    } views[] = {{"whole", 640, 480, {0, 0, 0, 0}},
-                 {"whole, upright", 300, 700, {0, 0, 0, 0}},
-                 {"limited by its height", 640, 480, {-4000, 2000, 20000, 28000}},
-                 {"limited by its width", 640, 480, {2000, -1000, 40000, 9000}},
-                 {"a width alone is no window", 640, 480, {9000, 9000, 20000, 0}}};
-    int met = 0;
-    for (const auto& view : views) {
-        SCOPED_TRACE(view.name);
-        SCENE& scene = fixture_.scene();
-        scene.viewWindowCenterX = view.window[0];
-        scene.viewWindowCenterY = view.window[1];
-        scene.viewWindowWidth = view.window[2];
-        scene.viewWindowHeight = view.window[3];
-        PictureWindow window;
-        if (view.window[2] > 0 && view.window[3] > 0) {
-            const double byHeight = 32000.0 / view.window[3];
-            const double byWidth = 32000.0 * view.width / view.window[2] / view.height;
-            window = {std::min(byHeight, byWidth), view.window[0] / 32000.0,
-                      view.window[1] / 32000.0};
-        }
-        for (int k = 0; k < 3; ++k) {
-            const Seen seen = seenAt(places[k], {view.width, view.height, 0, 0}, 1.0, window);
-            const ViewPixel at{view.width, view.height, static_cast<int>(std::lround(seen.x)),
-                               static_cast<int>(std::lround(seen.y))};
-            EXPECT_EQ(numbersAt(at), Numbers{k});
-            EXPECT_EQ(numbersAt({at.viewWidth, at.viewHeight, at.x + 9, at.y}), Numbers{});
-            EXPECT_EQ(numbersAt({at.viewWidth, at.viewHeight, at.x, at.y + 9}), Numbers{});
-            ++met;
-        }
-    }
-    EXPECT_EQ(met, 15);
 }
 
 TEST_F(Picking, MeetsNothingWithoutAView) {

@@ -205,13 +205,5 @@ TEST_F(SunDirection, SaysWhatIsWrong) {
     }
 }
 
-TEST_F(SunDirection, NeedsBothMarks) {
-    for (const uint32_t flags : {0u, kLightSunAndPortals, kLightSunPresent | kLightSunFromDate}) {
-        scene_->lightFlags = flags;
-        Vec3 light{};
-        EXPECT_EQ(direction(light), SunState::None) << flags;
-    }
-}
-
 } // namespace
 } // namespace ogl

@@ -162,24 +162,6 @@ TEST_F(TextureFileTest, TakesTheRowLengthFromTheDib) {
     EXPECT_EQ(image->pixels, (Bytes{5, 6, 7, 1, 2, 3}));
 }
 
-TEST_F(TextureFileTest, DecodesTgasUprightInTheirOwnOrder) {
-    for (const bool runs : {false, true}) {
-        const Made rgb({tgaFile(1, 2, 24, runs), 7, 0, 1, 2, 24});
-        ASSERT_NE(rgb.get(), nullptr);
-        EXPECT_EQ(rgb->pixels, (Bytes{6, 5, 4, 3, 2, 1}));
-        const Made rgba({tgaFile(1, 2, 32, runs), 7, 5, 1, 2, 32});
-        ASSERT_NE(rgba.get(), nullptr);
-        EXPECT_EQ(rgba->pixels, (Bytes{7, 6, 5, 8, 3, 2, 1, 4}));
-        const Made grey({tgaFile(1, 2, 8, runs), 7, 3, 1, 2, 8});
-        ASSERT_NE(grey.get(), nullptr);
-        EXPECT_EQ(grey->pixels, (Bytes{2, 1}));
-    }
-    TgaBytes topFirst{.width = 1, .height = 2, .descriptor = 0x20, .data = counting(6)};
-    const Made upright({topFirst.file(), 7, 0, 1, 2, 24});
-    ASSERT_NE(upright.get(), nullptr);
-    EXPECT_EQ(upright->pixels, (Bytes{3, 2, 1, 6, 5, 4}));
-}
-
 // Each in memory of exactly its length, so that a sanitizer sees a read past the end.
 TEST_F(TextureFileTest, RefusesEveryTruncation) {
     const struct {
