@@ -35,6 +35,33 @@ TEST_F(TileRendererTest, DrawsNothingWithoutAPartToKeep) {
     EXPECT_FALSE(tiles.endTile());
 }
 
+TEST_F(TileRendererTest, SplitsTheProjection) {
+    TileRenderer tiles;
+    tiles.setImageSize(100, 50);
+    tiles.setTileSize(60, 35, 5); // two by two
+    tiles.setPerspective(90.0, 2.0, 0.5, 10.0);
+    tiles.setTileBuffer(GL_RGBA, GL_UNSIGNED_BYTE, nullptr);
+    // Bounds on the near plane: -1 .. 1 and -0.5 .. 0.5 for the image, 0.02 a pixel.
+    const double expected[4][4] = {{-1.1, 0.1, -0.6, 0.1},
+                                   {-0.1, 1.1, -0.6, 0.1},
+                                   {-1.1, 0.1, -0.1, 0.6},
+                                   {-0.1, 1.1, -0.1, 0.6}};
+    for (const auto& bounds : expected) {
+        tiles.beginTile();
+        double loaded[16] = {};
+        glGetDoublev(GL_PROJECTION_MATRIX, loaded);
+        const double width = bounds[1] - bounds[0];
+        const double height = bounds[3] - bounds[2];
+        EXPECT_NEAR(loaded[0], 1.0 / width, 1e-5);
+        EXPECT_NEAR(loaded[5], 1.0 / height, 1e-5);
+        EXPECT_NEAR(loaded[8], (bounds[0] + bounds[1]) / width, 1e-5);
+        EXPECT_NEAR(loaded[9], (bounds[2] + bounds[3]) / height, 1e-5);
+        EXPECT_NEAR(loaded[10], -10.5 / 9.5, 1e-5);
+        EXPECT_NEAR(loaded[14], -10.0 / 9.5, 1e-5);
+        tiles.endTile();
+    }
+}
+
 /// Each pixel of the picture in a colour of its own.
 void drawPixels(int width, int height) {
     for (int y = -5; y < height + 5; ++y)
