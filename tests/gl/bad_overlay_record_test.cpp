@@ -8,21 +8,17 @@
 #include <cstring>
 #include <limits>
 
-namespace ogl {
+namespace ogl::test {
 namespace {
-
-using test::differingPixels;
-using test::Picture;
-using test::plate;
 
 constexpr int32_t kMax = std::numeric_limits<int32_t>::max();
 constexpr int32_t kMin = std::numeric_limits<int32_t>::min();
 
-class BadOverlayRecord : public test::OverlayTest {
+class BadOverlayRecord : public OverlayTest {
   protected:
     void SetUp() override {
         OverlayTest::SetUp();
-        scene_->addMaterial(test::plainMaterial());
+        scene_->addMaterial(plainMaterial());
         scene_->addObject();
         scene_->addFace(plate(-6, -6, 6, 6));
         scene_->commit();
@@ -169,4 +165,4 @@ TEST_F(BadOverlayRecord, DrawsNothingWithoutAViewOrASize) {
 }
 
 } // namespace
-} // namespace ogl
+} // namespace ogl::test

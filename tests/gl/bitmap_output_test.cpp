@@ -5,19 +5,13 @@
 #include "gl/gl_fixture.h"
 #include "render/bitmap_target.h"
 
-namespace ogl {
+namespace ogl::test {
 namespace {
 
-using test::Bitmap;
-using test::isNear;
-using test::Picture;
-using test::plainMaterial;
-using test::plate;
-
-constexpr test::Pixel kUntouched{0x77, 0x77, 0x77};
+constexpr Pixel kUntouched{0x77, 0x77, 0x77};
 
 /// A scene without any symmetry, so that a mirrored or shifted picture differs.
-class BitmapOutputTest : public test::GLTest {
+class BitmapOutputTest : public GLTest {
   protected:
     void SetUp() override {
         GLTest::SetUp();
@@ -96,4 +90,4 @@ TEST_F(BitmapOutputTest, TakesNoOtherHandles) {
 }
 
 } // namespace
-} // namespace ogl
+} // namespace ogl::test

@@ -9,19 +9,13 @@
 #include <utility>
 #include <vector>
 
-namespace ogl {
+namespace ogl::test {
 namespace {
-
-using test::ProcessResult;
-using test::readFile;
-using test::runProgram;
-using test::TempFolder;
-using test::writeFile;
 
 using Variables = std::vector<std::pair<std::string, std::string>>;
 
 std::string probePath() {
-    const std::filesystem::path self = test::programPath();
+    const std::filesystem::path self = programPath();
     return (self.parent_path() / "ogl_view_probe").string() + self.extension().string();
 }
 
@@ -86,7 +80,7 @@ std::string lineOf(const std::string& log, const std::string& key) {
 }
 
 TEST(Capabilities, EachMissingOneIsRefusedWithItsEntry) {
-    if (!test::childrenPassVariablesToDrivers())
+    if (!childrenPassVariablesToDrivers())
         GTEST_SKIP() << "a Windows program cannot hand Mesa's overrides to the driver below Wine";
     const TempFolder folder;
     writeFile(folder.file("space.ini"), "[OpenGL]\nnumAASamplesDrawing=8\n");
@@ -111,7 +105,7 @@ TEST(Capabilities, EachMissingOneIsRefusedWithItsEntry) {
 }
 
 TEST(Capabilities, AMissingDisplayIsReportedOnceAndRefused) {
-    if (!test::childrenPassVariablesToDrivers())
+    if (!childrenPassVariablesToDrivers())
         GTEST_SKIP() << "a Windows program cannot take Wine's display away";
     const TempFolder folder;
     writeFile(folder.file("space.ini"), "[OpenGL]\n");
@@ -131,4 +125,4 @@ TEST(Capabilities, AMissingDisplayIsReportedOnceAndRefused) {
 }
 
 } // namespace
-} // namespace ogl
+} // namespace ogl::test

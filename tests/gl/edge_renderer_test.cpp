@@ -6,20 +6,12 @@
 #include "gl/gl_fixture.h"
 #include "render/process_state.h"
 
-namespace ogl {
+namespace ogl::test {
 namespace {
-
-using test::FaceShape;
-using test::isFoundNear;
-using test::isNear;
-using test::Picture;
-using test::Pixel;
-using test::plainMaterial;
-using test::plate;
 
 constexpr Pixel kWhite{255, 255, 255};
 
-class EdgeRendererTest : public test::GLTest {
+class EdgeRendererTest : public GLTest {
   protected:
     void SetUp() override {
         GLTest::SetUp();
@@ -103,4 +95,4 @@ TEST_F(EdgeRendererTest, BuildsOnceAndWhenTheSceneSaysSo) {
 }
 
 } // namespace
-} // namespace ogl
+} // namespace ogl::test

@@ -10,17 +10,8 @@
 
 #include <cmath>
 
-namespace ogl {
+namespace ogl::test {
 namespace {
-
-using test::ball;
-using test::FaceShape;
-using test::isFoundNear;
-using test::isNear;
-using test::Picture;
-using test::Pixel;
-using test::plainMaterial;
-using test::plate;
 
 constexpr Pixel kWhite{255, 255, 255};
 constexpr Pixel kBlue{32, 64, 128};
@@ -29,7 +20,7 @@ constexpr Pixel kInk{26, 26, 26};          // 0.1 of white
 
 /// A technical drawing on a blue background with edges of 3.1 pixels, so that they cover pixels
 /// fully.
-class FixedRendererTest : public test::GLTest {
+class FixedRendererTest : public GLTest {
   protected:
     void SetUp() override {
         GLTest::SetUp();
@@ -351,4 +342,4 @@ TEST_F(FixedRendererTest, LeavesANeutralState) {
 }
 
 } // namespace
-} // namespace ogl
+} // namespace ogl::test

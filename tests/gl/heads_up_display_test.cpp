@@ -5,17 +5,13 @@
 #include "fixed/edge_renderer.h"
 #include "gl/overlay_fixture.h"
 
-namespace ogl {
+namespace ogl::test {
 namespace {
-
-using test::differingPixels;
-using test::Picture;
-using test::Pixel;
 
 constexpr Pixel kBlack{0, 0, 0};
 constexpr Pixel kNavy{0, 0, 127};
 
-class HeadsUpDisplay : public test::OverlayTest {
+class HeadsUpDisplay : public OverlayTest {
   protected:
     struct Line {
         const char* text;
@@ -37,11 +33,11 @@ class HeadsUpDisplay : public test::OverlayTest {
 };
 
 TEST_F(HeadsUpDisplay, WritesTheLinesThatTheRecordAsksFor) {
-    scene_->addMaterial(test::plainMaterial());
-    scene_->addMaterial(test::plainMaterial());
+    scene_->addMaterial(plainMaterial());
+    scene_->addMaterial(plainMaterial());
     for (const float x : {-9.0f, -7.0f}) { // two objects with surfaces, one without
         scene_->addObject();
-        scene_->addFace(test::plate(x, -9, x + 1, -8));
+        scene_->addFace(plate(x, -9, x + 1, -8));
     }
     scene_->geometry().edgeOpacity = 0;
     scene_->commit();
@@ -133,4 +129,4 @@ TEST_F(HeadsUpDisplay, CutsMessagesAtTheView) {
 }
 
 } // namespace
-} // namespace ogl
+} // namespace ogl::test

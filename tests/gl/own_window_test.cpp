@@ -12,10 +12,8 @@
 #include <memory>
 #include <vector>
 
-namespace ogl {
+namespace ogl::test {
 namespace {
-
-using test::TempFolder;
 
 /// A view without a host window.
 class OwnWindowView {
@@ -199,4 +197,4 @@ TEST(OwnWindow, ClosesWhileAViewStillDrawsIntoIt) {
 }
 
 } // namespace
-} // namespace ogl
+} // namespace ogl::test

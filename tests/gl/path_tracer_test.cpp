@@ -13,18 +13,8 @@
 #include <cmath>
 #include <random>
 
-namespace ogl {
+namespace ogl::test {
 namespace {
-
-using test::ball;
-using test::block;
-using test::FaceShape;
-using test::plate;
-using test::quad;
-using test::rayThrough;
-using test::ReferenceHit;
-using test::ReferencePaint;
-using test::ReferenceScene;
 
 constexpr float kFar = 1000000.0f;
 constexpr int kSide = 64;
@@ -40,7 +30,7 @@ struct Comparison {
     double difference = 0; ///< sum over all pixels and channels
 };
 
-class PathTracerTest : public test::GLTest {
+class PathTracerTest : public GLTest {
   protected:
     void SetUp() override {
         GLTest::SetUp();
@@ -214,7 +204,7 @@ TEST_F(PathTracerTest, RaysSeeWhatThePreviewShows) {
         scene.viewWindowWidth = row.width;
         scene.viewWindowHeight = row.height;
         RayTraceRenderer& renderer = drawn(64, 48);
-        const test::Picture preview = test::Picture::read(64, 48);
+        const Picture preview = Picture::read(64, 48);
         PathTracer tracer(renderer);
         tracer.trace(straight());
         const std::vector<float> pixels = tracer.readSample();
@@ -382,4 +372,4 @@ TEST_F(PathTracerTest, SamplesFollowTheCosine) {
 }
 
 } // namespace
-} // namespace ogl
+} // namespace ogl::test

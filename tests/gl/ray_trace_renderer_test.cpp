@@ -11,22 +11,13 @@
 #include <cstring>
 #include <filesystem>
 
-namespace ogl {
+namespace ogl::test {
 namespace {
-
-using test::Bitmap;
-using test::FaceShape;
-using test::isNear;
-using test::Picture;
-using test::Pixel;
-using test::plainMaterial;
-using test::plate;
-using test::readFile;
 
 constexpr Pixel kBlack{0, 0, 0};
 constexpr Pixel kGrey{128, 128, 128};
 
-class RayTraceRendererTest : public test::GLTest {
+class RayTraceRendererTest : public GLTest {
   protected:
     void SetUp() override {
         GLTest::SetUp();
@@ -151,7 +142,7 @@ TEST_F(RayTraceRendererTest, PacksAnotherScene) {
     scene_->commit();
     RayTraceRenderer& renderer = selectRayTrace();
     drawFrame();
-    test::SceneFixture other;
+    SceneFixture other;
     other.addMaterial(plainMaterial());
     other.addObject();
     other.addFace(plate(-1, -1, 1, 1));
@@ -221,4 +212,4 @@ TEST_F(RayTraceRendererTest, DrawsIntoNoBitmapAndNoFile) {
 }
 
 } // namespace
-} // namespace ogl
+} // namespace ogl::test

@@ -16,13 +16,8 @@
 #include <string>
 #include <vector>
 
-namespace ogl {
+namespace ogl::test {
 namespace {
-
-using test::readFile;
-using test::TempFolder;
-using test::TestWindow;
-using test::writeFile;
 
 /// A view of a host window, its context current.
 struct HostView {
@@ -116,7 +111,7 @@ struct Location {
 TEST(RenderContext, LogsBesideTheConfiguration) {
     const TempFolder folder;
     const TempFolder current;
-    const test::ScopedCurrentDirectory scope(current.path());
+    const ScopedCurrentDirectory scope(current.path());
     const std::string host = folder.hostFile("");
     const Location locations[] = {
         {"full path", folder.hostFile("space.ini"), folder.file("ogl.log"), host},
@@ -136,7 +131,7 @@ TEST(RenderContext, LogsBesideTheConfiguration) {
 
 TEST(RenderContext, AnEmptyPathReadsTheCurrentFolderAndLogsIntoTheRoot) {
     const TempFolder current;
-    const test::ScopedCurrentDirectory scope(current.path());
+    const ScopedCurrentDirectory scope(current.path());
     writeFile(current.file("space.ini"), "[OpenGL]\nuseFXAA=1\n");
     const TestWindow window(64, 48);
     // With options and devices there is nothing to log, so that no file appears in the root.
@@ -204,7 +199,7 @@ TEST(RenderContext, AWindowKeepsItsPixelFormatForLaterViews) {
 TEST(RenderContext, DebugContextsOnlyOnRequest) {
     for (const char* value : {"1", "0", static_cast<const char*>(nullptr)}) {
         SCOPED_TRACE(value != nullptr ? value : "unset");
-        const test::ScopedEnvironment variable("OGL_DEBUG", value);
+        const ScopedEnvironment variable("OGL_DEBUG", value);
         HostView view;
         ASSERT_TRUE(view.ready);
         GLint contextFlags = 0;
@@ -217,7 +212,7 @@ TEST(RenderContext, DebugContextsOnlyOnRequest) {
 /// Pixels that a text covers when it is drawn at (20, 40), and whether all lie near it.
 struct Ink {
     int pixels = 0;
-    int right = 0;   ///< rightmost column, from the text's origin
+    int right = 0; ///< rightmost column, from the text's origin
     int onBaseLine = 0;
     bool nearby = true;
 };
@@ -296,4 +291,4 @@ TEST(RenderContext, AViewTakesItsFontListsAlong) {
 }
 
 } // namespace
-} // namespace ogl
+} // namespace ogl::test

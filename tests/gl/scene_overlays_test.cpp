@@ -6,14 +6,8 @@
 #include <cmath>
 #include <span>
 
-namespace ogl {
+namespace ogl::test {
 namespace {
-
-using test::differingPixels;
-using test::isNear;
-using test::Picture;
-using test::Pixel;
-using test::plate;
 
 constexpr Pixel kRed{255, 89, 89};
 constexpr Pixel kBlue{77, 89, 255};
@@ -33,11 +27,11 @@ Vec3 between(Vec3 a, Vec3 b, float share) {
     return a + (b - a) * share;
 }
 
-class SceneOverlays : public test::OverlayTest {
+class SceneOverlays : public OverlayTest {
   protected:
     void SetUp() override {
         OverlayTest::SetUp();
-        scene_->addMaterial(test::plainMaterial());
+        scene_->addMaterial(plainMaterial());
         scene_->geometry().edgeOpacity = 0;
     }
     OBJECT& object(int k) { return static_cast<OBJECT*>(scene_->objects().data.get())[k]; }
@@ -322,4 +316,4 @@ TEST_F(SceneOverlays, LeaveTheStateThatFramesStartFrom) {
 }
 
 } // namespace
-} // namespace ogl
+} // namespace ogl::test

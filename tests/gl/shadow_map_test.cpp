@@ -8,22 +8,13 @@
 
 #include <cmath>
 
-namespace ogl {
+namespace ogl::test {
 namespace {
-
-using test::addBox;
-using test::Bitmap;
-using test::isNear;
-using test::Picture;
-using test::Pixel;
-using test::plainMaterial;
-using test::plate;
-using test::quad;
 
 constexpr Vec3 kWhite{1, 1, 1};
 constexpr Vec3 kUp{0, 0, 1};
 
-class ShadowMapTest : public test::ShadowTest {
+class ShadowMapTest : public ShadowTest {
   protected:
     /// A floor of the given half side, which the sun sees from above.
     void addFloor(float side) {
@@ -261,4 +252,4 @@ TEST_F(ShadowMapTest, ShadowsAreDrawnOnlyWhenMarked) {
 }
 
 } // namespace
-} // namespace ogl
+} // namespace ogl::test

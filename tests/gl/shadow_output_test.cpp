@@ -9,18 +9,10 @@
 #include <cstring>
 #include <filesystem>
 
-namespace ogl {
+namespace ogl::test {
 namespace {
 
-using test::Bitmap;
-using test::isNear;
-using test::Picture;
-using test::Pixel;
-using test::plainMaterial;
-using test::plate;
-using test::quad;
-
-class ShadowOutputTest : public test::ShadowTest {
+class ShadowOutputTest : public ShadowTest {
   protected:
     /// The bytes of the file that the renderer draws.
     std::string drawnFile(Renderer& renderer) {
@@ -29,7 +21,7 @@ class ShadowOutputTest : public test::ShadowTest {
         glReadBuffer(GL_BACK);
         glDrawBuffer(GL_BACK);
         EXPECT_EQ(renderer.drawToFile(folder_.hostFile("frame.bmp").c_str()), 1);
-        return test::readFile(folder_.file("frame.bmp"));
+        return readFile(folder_.file("frame.bmp"));
     }
     /// The pixel of a file's row, counted as they are stored.
     static Pixel storedPixel(const std::string& file, int x, int row) {
@@ -86,8 +78,7 @@ TEST_F(ShadowOutputTest, FilesThatCannotBeWrittenLeaveNothing) {
     const std::string path = folder_.hostFile("missing\\frame.bmp");
     EXPECT_EQ(renderer.drawToFile(path.c_str()), 1);
     EXPECT_FALSE(std::filesystem::exists(folder_.file("missing")));
-    EXPECT_NE(test::readFile(folder_.file("ogl.log")).find("Cannot write the file"),
-              std::string::npos);
+    EXPECT_NE(readFile(folder_.file("ogl.log")).find("Cannot write the file"), std::string::npos);
     renderer.setSize(0, kViewSize);
     EXPECT_EQ(renderer.drawToFile(folder_.hostFile("empty.bmp").c_str()), 1);
     EXPECT_FALSE(std::filesystem::exists(folder_.file("empty.bmp")));
@@ -95,7 +86,7 @@ TEST_F(ShadowOutputTest, FilesThatCannotBeWrittenLeaveNothing) {
 
 TEST_F(ShadowOutputTest, WindowsShowSilhouettesAgainAfterAFile) {
     scene_->addObject();
-    test::FaceShape face = plate(-6, -6, 6, 6);
+    FaceShape face = plate(-6, -6, 6, 6);
     face.loops[0].style.pen = 0; // half opaque: outlined as a silhouette
     face.loops[0].style.penNumber = kLoopNoPen;
     scene_->addFace(face);
@@ -168,13 +159,13 @@ TEST_F(ShadowOutputTest, TheSkyShowsThroughPortalsOnly) {
     glass.opacity = 0.0f;
     const auto pane = static_cast<int16_t>(scene_->addMaterial(glass));
     scene_->addObject(0, 1);
-    test::FaceShape inner = quad({-2, 5, -2}, {-2, 5, 2}, {2, 5, 2}, {2, 5, -2}, pane);
-    test::FaceShape outer = quad({2, 5, -2}, {2, 5, 2}, {-2, 5, 2}, {-2, 5, -2}, pane);
+    FaceShape inner = quad({-2, 5, -2}, {-2, 5, 2}, {2, 5, 2}, {2, 5, -2}, pane);
+    FaceShape outer = quad({2, 5, -2}, {2, 5, 2}, {-2, 5, 2}, {-2, 5, -2}, pane);
     inner.flags = outer.flags = kFacePortal;
     scene_->addFace(inner);
     scene_->addFace(outer);
     scene_->look({0, 0, 0}, {0, 10, 0}, 1.2);
-    test::writeFile(folder_.file("background.tga"), twoColors(kSky, kGround));
+    writeFile(folder_.file("background.tga"), twoColors(kSky, kGround));
     context_->settings.texturesDir = folder_.hostFile("");
     selectShadow(kDrawFullQuality);
     const Picture picture = drawFrame();
@@ -190,4 +181,4 @@ TEST_F(ShadowOutputTest, TheSkyShowsThroughPortalsOnly) {
 }
 
 } // namespace
-} // namespace ogl
+} // namespace ogl::test

@@ -7,17 +7,10 @@
 
 #include <cmath>
 
-namespace ogl {
+namespace ogl::test {
 namespace {
 
-using test::isNear;
-using test::Picture;
-using test::Pixel;
-using test::plainMaterial;
-using test::plate;
-using test::quad;
-
-class ShadowShadingTest : public test::ShadowTest {
+class ShadowShadingTest : public ShadowTest {
   protected:
     void expectPixel(const Picture& picture, float x, float y, Pixel expected, const char* name) {
         const Pixel actual = pixelAt(picture, x, y);
@@ -170,7 +163,7 @@ TEST_F(ShadowShadingTest, TexturesCountTwiceAndOpacityMapsCutOut) {
 TEST_F(ShadowShadingTest, FacesMarkedUnlitKeepTheirColor) {
     const auto clay = static_cast<int16_t>(addColored(kClay));
     scene_->addObject();
-    test::FaceShape face = plate(-6, -6, 0, 6, 0, clay);
+    FaceShape face = plate(-6, -6, 0, 6, 0, clay);
     face.flags = kFaceUnlit;
     scene_->addFace(face);
     scene_->addObject();
@@ -196,4 +189,4 @@ TEST_F(ShadowShadingTest, ScenesWithoutASunHaveAmbientLightOnly) {
 }
 
 } // namespace
-} // namespace ogl
+} // namespace ogl::test

@@ -12,17 +12,8 @@
 
 #include <random>
 
-namespace ogl {
+namespace ogl::test {
 namespace {
-
-using test::Bytes;
-using test::dibBytes;
-using test::FaceShape;
-using test::isNear;
-using test::Picture;
-using test::Pixel;
-using test::plainMaterial;
-using test::TgaBytes;
 
 constexpr Pixel kGround{32, 64, 128};
 constexpr uint32_t kGroundRecord = 0x804020; // red in the lowest byte
@@ -40,7 +31,7 @@ Bytes randomBytes(int count, bool alpha) {
 
 /// A rectangle that shows a texture upright.
 FaceShape textured(float left, float bottom, float right, float top, int16_t material) {
-    FaceShape face = test::plate(left, bottom, right, top, 0, material);
+    FaceShape face = plate(left, bottom, right, top, 0, material);
     face.loops.clear();
     face.texCoords.clear();
     for (const Vec3& corner : face.triangles)
@@ -49,7 +40,7 @@ FaceShape textured(float left, float bottom, float right, float top, int16_t mat
     return face;
 }
 
-class TextureTest : public test::GLTest {
+class TextureTest : public GLTest {
   protected:
     /// Texels are drawn this large, so that each has a pixel at its very middle, where a linear
     /// filter gives its value.
@@ -69,7 +60,7 @@ class TextureTest : public test::GLTest {
     /// Empties the scene, for the next row of a table.
     void renewScene() {
         renderer_.reset();
-        scene_ = std::make_unique<test::SceneFixture>();
+        scene_ = std::make_unique<SceneFixture>();
         setUpScene();
     }
     void TearDown() override {
@@ -321,7 +312,7 @@ TEST_F(TextureTest, PreparesForEveryBitmap) {
     drawFrame();
     // The host puts another image in and marks nothing.
     slot().color = make({dibBytes(1, 1, 24, {10, 20, 30}), kDib, 0, 1, 1, 24});
-    test::Bitmap bitmap(kViewSize, kViewSize, 24);
+    Bitmap bitmap(kViewSize, kViewSize, 24);
     renderer_->drawToBitmap(bitmap.handle());
     EXPECT_TRUE(isNear(bitmap.at(100, 100), {30, 20, 10}, 1));
 }
@@ -354,4 +345,4 @@ TEST_F(TextureTest, LeavesImagesAloneThatAreTooLargeForTheDriver) {
 }
 
 } // namespace
-} // namespace ogl
+} // namespace ogl::test

@@ -8,13 +8,8 @@
 
 #include <cstdlib>
 
-namespace ogl {
+namespace ogl::test {
 namespace {
-
-using test::addBox;
-using test::Bitmap;
-using test::Picture;
-using test::plainMaterial;
 
 constexpr int kWidth = 700;
 constexpr int kHeight = 500;
@@ -25,7 +20,7 @@ struct Pair {
     const Bitmap& expected;
     int width, height;
 
-    bool isBeside(const Bitmap& bitmap, int x, int y, test::Pixel color, int tolerance) const {
+    bool isBeside(const Bitmap& bitmap, int x, int y, Pixel color, int tolerance) const {
         for (int v = std::max(y - 1, 0); v <= std::min(y + 1, height - 1); ++v)
             for (int u = std::max(x - 1, 0); u <= std::min(x + 1, width - 1); ++u)
                 if (isNear(bitmap.at(u, v), color, tolerance))
@@ -37,8 +32,8 @@ struct Pair {
         int count = 0;
         for (int y = 0; y < height; ++y)
             for (int x = 0; x < width; ++x) {
-                const test::Pixel a = actual.at(x, y);
-                const test::Pixel b = expected.at(x, y);
+                const Pixel a = actual.at(x, y);
+                const Pixel b = expected.at(x, y);
                 if (!isNear(a, b, tolerance) && (!isBeside(expected, x, y, a, tolerance) ||
                                                  !isBeside(actual, x, y, b, tolerance)))
                     ++count;
@@ -48,7 +43,7 @@ struct Pair {
 };
 
 /// Boxes in rows, seen from the side, with a roof that covers the whole picture's width.
-class TiledBitmapTest : public test::GLTest {
+class TiledBitmapTest : public GLTest {
   protected:
     void SetUp() override {
         GLTest::SetUp();
@@ -195,10 +190,10 @@ TEST_F(TiledBitmapTest, DrawsInATileOnlyWhatItMayShow) {
 TEST_F(TiledBitmapTest, FillsAVeryLargeBitmapFromASmallView) {
     constexpr int kSide = 8192;
     constexpr double kPixelsPerUnit = kSide / 20.0;
-    scene_ = std::make_unique<test::SceneFixture>();
+    scene_ = std::make_unique<SceneFixture>();
     scene_->addMaterial(plainMaterial());
     scene_->addObject();
-    scene_->addFace(test::plate(-8, -7, 5, 2));
+    scene_->addFace(plate(-8, -7, 5, 2));
     scene_->commit();
     scene_->look({0, 0, 10}, {0, 0, 0}, 3.14159265358979 / 2);
     scene_->scene().drawingOptions = kOptionBackgroundColor;
@@ -216,12 +211,11 @@ TEST_F(TiledBitmapTest, FillsAVeryLargeBitmapFromASmallView) {
         for (const int x : {0, left - 3, left + 3, 2047, 2048, 4096, right - 3, right + 3, 8191}) {
             const bool inside = x > left && x < right && y > bottom && y < top;
             const bool onBorder = std::abs(y - bottom) < 3 || std::abs(y - top) < 3;
-            const test::Pixel expected =
-                inside ? test::Pixel{255, 255, 255} : test::Pixel{0x40, 0x80, 0xc0};
+            const Pixel expected = inside ? Pixel{255, 255, 255} : Pixel{0x40, 0x80, 0xc0};
             wrong += onBorder || isNear(bitmap.at(x, y), expected, 1) ? 0 : 1;
         }
     EXPECT_EQ(wrong, 0);
 }
 
 } // namespace
-} // namespace ogl
+} // namespace ogl::test

@@ -2,19 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "gl/overlay_fixture.h"
 
-namespace ogl {
+namespace ogl::test {
 namespace {
-
-using test::differingPixels;
-using test::isNear;
-using test::Picture;
-using test::Pixel;
 
 constexpr Pixel kWhite{255, 255, 255};
 constexpr Pixel kPathColor{200, 30, 10};
 constexpr Pixel kTooltip{255, 255, 191};
 
-class ViewOverlays : public test::OverlayTest {
+class ViewOverlays : public OverlayTest {
   protected:
     struct Path {
         std::vector<PIXEL> line;
@@ -192,4 +187,4 @@ TEST_F(ViewOverlays, DrawTheTooltipAsWideAsItsText) {
 }
 
 } // namespace
-} // namespace ogl
+} // namespace ogl::test

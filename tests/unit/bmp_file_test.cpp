@@ -10,12 +10,8 @@
 #include <memory>
 #include <stb_image.h>
 
-namespace ogl {
+namespace ogl::test {
 namespace {
-
-using test::readFile;
-using test::TempFolder;
-using test::writeFile;
 
 /// An image whose bytes are 1, 2, 3, ... in memory order.
 Image countingImage(int width, int height, ImageFormat format) {
@@ -92,18 +88,18 @@ TEST(BmpFile, RefusesWhatItCannotWrite) {
 
 // Both a write in the middle and the one that closing does can meet a full disk.
 TEST(BmpFile, LeavesNoPartOfAFile) {
-    if (!test::FileSizeLimit::isPossible())
+    if (!FileSizeLimit::isPossible())
         GTEST_SKIP() << "this system has no limit of file sizes";
     const TempFolder folder;
     const Image image = countingImage(100, 1000, ImageFormat::Rgb8);
     for (const size_t limit : {0, 10, 54, 100000, 300053}) {
-        const test::FileSizeLimit full(limit);
+        const FileSizeLimit full(limit);
         EXPECT_FALSE(writeBmp(image, folder.hostFile("a.bmp").c_str())) << limit;
         EXPECT_FALSE(std::filesystem::exists(folder.file("a.bmp"))) << limit;
     }
-    const test::FileSizeLimit enough(300054);
+    const FileSizeLimit enough(300054);
     EXPECT_TRUE(writeBmp(image, folder.hostFile("a.bmp").c_str()));
 }
 
 } // namespace
-} // namespace ogl
+} // namespace ogl::test

@@ -7,10 +7,8 @@
 
 #include <gtest/gtest.h>
 
-namespace ogl {
+namespace ogl::test {
 namespace {
-
-using test::SceneFixture;
 
 void expectNear(Vec3 actual, Vec3 expected) {
     EXPECT_NEAR(actual.x, expected.x, 1e-5f);
@@ -52,4 +50,4 @@ TEST(Hammersley, MirrorsTheBinaryDigits) {
 }
 
 } // namespace
-} // namespace ogl
+} // namespace ogl::test

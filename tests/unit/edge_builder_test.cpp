@@ -7,14 +7,8 @@
 #include <functional>
 #include <gtest/gtest.h>
 
-namespace ogl {
+namespace ogl::test {
 namespace {
-
-using test::closedStyle;
-using test::FaceShape;
-using test::LoopShape;
-using test::plainMaterial;
-using test::SceneFixture;
 
 constexpr EdgeRules kDrawing{.silhouettes = true, .edgesOnly = false};
 constexpr EdgeRules kEdgesAlone{.silhouettes = false, .edgesOnly = true};
@@ -45,7 +39,7 @@ LoopShape loop(int points, uint8_t kind, uint8_t flags = 0) {
 }
 
 FaceShape faceWith(std::vector<LoopShape> loops) {
-    FaceShape face = test::quad({0, 0, 0}, {0, 1, 0}, {1, 1, 0}, {1, 0, 0});
+    FaceShape face = quad({0, 0, 0}, {0, 1, 0}, {1, 1, 0}, {1, 0, 0});
     face.loops = std::move(loops);
     return face;
 }
@@ -224,4 +218,4 @@ TEST(EdgeBuilder, DrawsLessOfBadRecords) {
 }
 
 } // namespace
-} // namespace ogl
+} // namespace ogl::test

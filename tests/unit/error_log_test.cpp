@@ -7,12 +7,8 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
-namespace ogl {
+namespace ogl::test {
 namespace {
-
-using test::readFile;
-using test::TempFolder;
-using test::writeFile;
 
 TEST(ErrorLog, WritesTheWholeFileAfterEveryEntry) {
     const TempFolder folder;
@@ -41,4 +37,4 @@ TEST(ErrorLog, ReportsWhatItCannotWriteAndKeepsItForLater) {
 }
 
 } // namespace
-} // namespace ogl
+} // namespace ogl::test

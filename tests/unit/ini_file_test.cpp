@@ -8,12 +8,8 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
-namespace ogl {
+namespace ogl::test {
 namespace {
-
-using test::readFile;
-using test::TempFolder;
-using test::writeFile;
 
 /// What a file holds after it was read and written back shows all that the reader understood.
 struct RoundTrip {
@@ -96,7 +92,7 @@ TEST(IniFile, StopsAtALineThatBeginsWithAnUnprintableCharacter) {
         SCOPED_TRACE(row.name);
         writeFile(folder.file("in.ini"), "[A]\nbefore=1\n" + row.line + "\nafter=3\n");
         IniFile file(folder.file("in.ini"));
-        test::CapturedOutput output(1);
+        CapturedOutput output(1);
         const bool parsed = file.parse();
         EXPECT_EQ(output.stop(), row.message);
         EXPECT_EQ(parsed, row.message.empty());
@@ -188,4 +184,4 @@ TEST(IniFile, ReportsFilesThatItCannotReadOrWrite) {
 }
 
 } // namespace
-} // namespace ogl
+} // namespace ogl::test

@@ -8,12 +8,8 @@
 
 #include <limits>
 
-namespace ogl {
+namespace ogl::test {
 namespace {
-
-using test::FaceShape;
-using test::quad;
-using test::SceneFixture;
 
 void expectNear(Vec3 actual, Vec3 expected, const char* name) {
     EXPECT_NEAR(actual.x, expected.x, 1e-5f) << name;
@@ -42,7 +38,7 @@ TEST(Portals, TakeEverySecondPortalFace) {
     };
     for (const auto& row : rows) {
         SceneFixture fixture;
-        fixture.addMaterial(test::plainMaterial());
+        fixture.addMaterial(plainMaterial());
         for (size_t i = 0; i < row.kinds.size(); ++i) {
             fixture.addObject(0, row.kinds[i]);
             FaceShape frame = pane(100);
@@ -60,7 +56,7 @@ TEST(Portals, TakeEverySecondPortalFace) {
 
 TEST(Portals, AreRectanglesWithANormal) {
     SceneFixture fixture;
-    fixture.addMaterial(test::plainMaterial());
+    fixture.addMaterial(plainMaterial());
     fixture.addObject(0, 1);
     fixture.addFace(pane(0));
     fixture.addFace(pane(5));
@@ -86,7 +82,7 @@ TEST(Portals, AreRectanglesWithANormal) {
 
 TEST(Portals, BadRecordsAreNoPortals) {
     SceneFixture fixture;
-    fixture.addMaterial(test::plainMaterial());
+    fixture.addMaterial(plainMaterial());
     fixture.addObject(0, 1);
     FaceShape empty = pane(0);
     empty.triangles.clear();
@@ -106,4 +102,4 @@ TEST(Portals, BadRecordsAreNoPortals) {
 }
 
 } // namespace
-} // namespace ogl
+} // namespace ogl::test

@@ -17,13 +17,8 @@
 #include <string>
 #include <vector>
 
-namespace ogl {
+namespace ogl::test {
 namespace {
-
-using test::FaceShape;
-using test::plainMaterial;
-using test::quad;
-using test::SceneFixture;
 
 constexpr int kLargeSide = 16384;
 constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
@@ -414,4 +409,4 @@ TEST(RayPacking, RefusesEndlesslyRepeatedTriangles) {
 }
 
 } // namespace
-} // namespace ogl
+} // namespace ogl::test

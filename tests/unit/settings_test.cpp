@@ -7,11 +7,8 @@
 
 #include <gtest/gtest.h>
 
-namespace ogl {
+namespace ogl::test {
 namespace {
-
-using test::TempFolder;
-using test::writeFile;
 
 struct Row {
     const char* name;
@@ -57,7 +54,7 @@ void expectRow(const Settings& settings, const Row& row) {
 
 TEST(Settings, ReadsAndClampsOptions) {
     const TempFolder folder;
-    const test::CapturedOutput complaints(1);
+    const CapturedOutput complaints(1);
     Settings settings; // the same object throughout: nothing of an earlier file may stay
     for (const Row& row : kRows) {
         SCOPED_TRACE(row.name);
@@ -70,4 +67,4 @@ TEST(Settings, ReadsAndClampsOptions) {
 }
 
 } // namespace
-} // namespace ogl
+} // namespace ogl::test

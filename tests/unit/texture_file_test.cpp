@@ -11,11 +11,8 @@
 #include <gtest/gtest.h>
 #include <limits>
 
-namespace ogl {
+namespace ogl::test {
 namespace {
-
-using test::Bytes;
-using test::TgaBytes;
 
 constexpr int kMost = std::numeric_limits<int>::max();
 constexpr int kLeast = std::numeric_limits<int>::min();
@@ -49,7 +46,7 @@ Bytes counting(size_t count) {
 
 /// A DIB whose bytes count upwards through the padding too.
 Bytes dibFile(int width, int height, int bits) {
-    Bytes bytes = test::dibHeader(width, height, bits);
+    Bytes bytes = dibHeader(width, height, bits);
     const Bytes rows = counting(static_cast<size_t>((width * bits + 31) / 32 * 4 * height));
     bytes.insert(bytes.end(), rows.begin(), rows.end());
     return bytes;
@@ -241,4 +238,4 @@ TEST_F(TextureFileTest, RefusesTgasOfOtherComponents) {
 }
 
 } // namespace
-} // namespace ogl
+} // namespace ogl::test

@@ -7,11 +7,8 @@
 
 #include <gtest/gtest.h>
 
-namespace ogl {
+namespace ogl::test {
 namespace {
-
-using test::Bytes;
-using test::TgaBytes;
 
 struct Row {
     const char* name;
@@ -174,9 +171,9 @@ TEST(TgaFile, RefusesHugeImagesOfFewBytes) {
 }
 
 TEST(TgaFile, LoadsByAHostsPath) {
-    const test::TempFolder folder;
+    const TempFolder folder;
     const Bytes bytes = kRows[0].tga.file();
-    test::writeFile(folder.file("a.tga"), std::string(bytes.begin(), bytes.end()));
+    writeFile(folder.file("a.tga"), std::string(bytes.begin(), bytes.end()));
     Image image;
     ASSERT_TRUE(loadTga(folder.hostFile("a.tga").c_str(), image));
     EXPECT_EQ(image.pixels, kRows[0].pixels);
@@ -185,4 +182,4 @@ TEST(TgaFile, LoadsByAHostsPath) {
 }
 
 } // namespace
-} // namespace ogl
+} // namespace ogl::test
