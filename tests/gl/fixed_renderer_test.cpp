@@ -316,30 +316,5 @@ TEST_F(FixedRendererTest, MarksTheEndsOfEdges) {
     EXPECT_TRUE(isNear(pixelAt(picture, 0, 0), kWhite, 1));
 }
 
-TEST_F(FixedRendererTest, LeavesANeutralState) {
-    scene_->addObject();
-    scene_->addFace(plate(-6, -6, 6, 6));
-    scene_->addFace(ball({0, 0, -2}, 2, 24, 0));
-    FixedRenderer& renderer = selectDrawing();
-    renderer.edgeMode = kEdgesHiddenToo;
-    renderer.roundEdgeEnds = 1;
-    drawFrame();
-    for (const GLenum capability :
-         {GL_BLEND, GL_LINE_STIPPLE, GL_SAMPLE_ALPHA_TO_COVERAGE, GL_POLYGON_OFFSET_FILL,
-          GL_POLYGON_OFFSET_LINE, GL_TEXTURE_2D, GL_VERTEX_ARRAY, GL_COLOR_ARRAY, GL_NORMAL_ARRAY,
-          GL_TEXTURE_COORD_ARRAY, GL_SECONDARY_COLOR_ARRAY, GL_POINT_SPRITE, GL_LIGHTING})
-        EXPECT_FALSE(glIsEnabled(capability)) << std::hex << capability;
-    GLint buffer = -1, polygonMode[2] = {}, unit = 0;
-    GLboolean depthWrites = GL_FALSE;
-    glGetIntegerv(GL_ARRAY_BUFFER_BINDING, &buffer);
-    glGetIntegerv(GL_POLYGON_MODE, polygonMode);
-    glGetIntegerv(GL_ACTIVE_TEXTURE, &unit);
-    glGetBooleanv(GL_DEPTH_WRITEMASK, &depthWrites);
-    EXPECT_EQ(buffer, 0);
-    EXPECT_EQ(polygonMode[0], GL_FILL);
-    EXPECT_EQ(unit, GL_TEXTURE0);
-    EXPECT_TRUE(depthWrites);
-}
-
 } // namespace
 } // namespace ogl::test

@@ -124,20 +124,9 @@ TEST_F(Highlights, ShowWhereSelectedObjectsWouldGo) {
 /// The box that `corner` maps its eight corners to; bits: 4 far in x, 2 in y, 1 in z.
 class Boxes : public SceneOverlays {
   protected:
-    static constexpr std::array<std::array<unsigned, 2>, 14> kDrawn{{{0, 1},
-                                                                     {2, 3},
-                                                                     {4, 5},
-                                                                     {6, 7},
-                                                                     {0, 4},
-                                                                     {2, 6},
-                                                                     {3, 7},
-                                                                     {1, 5},
-                                                                     {0, 2},
-                                                                     {4, 6},
-                                                                     {5, 7},
-                                                                     {1, 3},
-                                                                     {2, 7},
-                                                                     {3, 6}}};
+    static constexpr unsigned kDrawn[14][2] = {{0, 1}, {2, 3}, {4, 5}, {6, 7}, {0, 4},
+                                               {2, 6}, {3, 7}, {1, 5}, {0, 2}, {4, 6},
+                                               {5, 7}, {1, 3}, {2, 7}, {3, 6}};
 
     void SetUp() override {
         SceneOverlays::SetUp();
@@ -294,6 +283,7 @@ TEST_F(SceneOverlays, LeaveTheStateThatFramesStartFrom) {
             select<EdgeRenderer>();
         else
             selectDrawing();
+        renderer_->edgeMode = kEdgesHiddenToo;
         renderer_->roundEdgeEnds = 1;
         view().flags = kViewNoOverlays | kViewNoHud;
         const Picture before = frame();

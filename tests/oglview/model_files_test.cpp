@@ -202,44 +202,31 @@ TEST_F(ModelFiles, KeepsNamesMaterialsAndTextures) {
               std::vector<std::string>{"texture 'bricks.png' is not shown: there is no such file"});
 }
 
-std::string base64(const ogl::test::Bytes& bytes) {
-    constexpr const char* kDigits =
-        "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-    std::string text;
-    for (size_t k = 0; k < bytes.size(); k += 3) {
-        uint32_t group = 0;
-        for (size_t i = 0; i < 3; ++i)
-            group = group << 8 | (k + i < bytes.size() ? bytes[k + i] : 0u);
-        for (size_t i = 0; i < 4; ++i)
-            text += k + i <= bytes.size() ? kDigits[group >> (18 - 6 * i) & 63u] : '=';
-    }
-    return text;
-}
-
-/// A picture of one colour.
-ogl::test::Bytes tga(uint8_t red, uint8_t green, uint8_t blue) {
-    return ogl::test::TgaBytes{.width = 1, .height = 1, .data = {blue, green, red}}.file();
+/// A glTF with one triangle in the plane z = 0 as mesh 0. `parts` says what is different: the
+/// nodes, the material, images.
+std::string triangleGltf(const std::string& parts) {
+    return R"({"asset":{"version":"2.0"},"scene":0,)" + parts +
+           R"("meshes":[{"primitives":[{"attributes":{"POSITION":0,"TEXCOORD_0":1},"material":0}]}],
+"accessors":[{"bufferView":0,"componentType":5126,"count":3,"type":"VEC3",
+"min":[0,0,0],"max":[2,1,0]},{"bufferView":0,"componentType":5126,"count":3,"type":"VEC2"}],
+"bufferViews":[{"buffer":0,"byteOffset":0,"byteLength":36}],
+"buffers":[{"byteLength":36,"uri":"data:application/octet-stream;base64,)"
+           // (0, 0, 0), (2, 0, 0), (0, 1, 0) as 32-bit floats
+           "AAAAAAAAAAAAAAAAAAAAQAAAAAAAAAAAAAAAAAAAgD8AAAAA"
+           R"("}]})";
 }
 
 TEST_F(ModelFiles, TakesPicturesFromTheModelOrBesideIt) {
     if (!ogl::test::programReadsModels("gltf"))
         GTEST_SKIP() << "this build reads OBJ files only";
-    const ogl::test::Bytes beside = tga(10, 20, 30);
+    const ogl::test::Bytes beside =
+        ogl::test::TgaBytes{.width = 1, .height = 1, .data = {30, 20, 10}}.file();
     write("beside.tga", std::string(beside.begin(), beside.end()));
     const auto gltf = [](const std::string& uri) {
-        return R"({"asset":{"version":"2.0"},"scene":0,"scenes":[{"nodes":[0]}],
-"nodes":[{"mesh":0}],
-"meshes":[{"primitives":[{"attributes":{"POSITION":0,"TEXCOORD_0":1},"material":0}]}],
+        return triangleGltf(R"("scenes":[{"nodes":[0]}],"nodes":[{"mesh":0}],
 "materials":[{"pbrMetallicRoughness":{"baseColorTexture":{"index":0}}}],
 "textures":[{"source":0}],"images":[{"uri":")" +
-               uri +
-               R"("}],
-"accessors":[{"bufferView":0,"componentType":5126,"count":3,"type":"VEC3",
-"min":[0,0,0],"max":[2,1,0]},{"bufferView":0,"componentType":5126,"count":3,"type":"VEC2"}],
-"bufferViews":[{"buffer":0,"byteOffset":0,"byteLength":36}],
-"buffers":[{"byteLength":36,"uri":"data:application/octet-stream;base64,)"
-               "AAAAAAAAAAAAAAAAAAAAQAAAAAAAAAAAAAAAAAAAgD8AAAAA"
-               R"("}]})";
+                            uri + R"("}],)");
     };
     const struct {
         const char* name;
@@ -247,7 +234,7 @@ TEST_F(ModelFiles, TakesPicturesFromTheModelOrBesideIt) {
         ogl::test::Bytes blueGreenRed;
     } rows[] = {
         {"beside", "beside.tga", {30, 20, 10}},
-        {"inside", "data:image/tga;base64," + base64(tga(40, 50, 60)), {60, 50, 40}},
+        {"inside", "data:image/tga;base64,AAACAAAAAAAAAAAAAQABABgAPDIo", {60, 50, 40}},
     };
     for (const auto& row : rows) {
         const Model model = import(write("a.gltf", gltf(row.uri)));
@@ -259,31 +246,15 @@ TEST_F(ModelFiles, TakesPicturesFromTheModelOrBesideIt) {
     }
 }
 
-/// A glTF with one triangle in the plane z = 0, used by a node that is moved, one that is mirrored,
-/// and a child that is turned.
-std::string triangleGltf() {
-    return R"({"asset":{"version":"2.0"},"scene":0,
-"scenes":[{"nodes":[0,1,2]}],
+TEST_F(ModelFiles, AppliesNodeTransformsAndKeepsMirroredFacesOutside) {
+    if (!ogl::test::programReadsModels("gltf"))
+        GTEST_SKIP() << "this build reads OBJ files only";
+    const Model model = import(write("nodes.gltf", triangleGltf(R"("scenes":[{"nodes":[0,1,2]}],
 "nodes":[{"name":"moved","mesh":0,"translation":[10,0,0]},
 {"name":"mirrored","mesh":0,"scale":[-1,1,1]},
 {"name":"group","translation":[0,5,0],"children":[3]},
 {"name":"turned","mesh":0,"rotation":[0,0.70710678,0,0.70710678]}],
-"meshes":[{"primitives":[{"attributes":{"POSITION":0},"material":0}]}],
-"materials":[{"name":"leaf","doubleSided":true,
-"pbrMetallicRoughness":{"baseColorFactor":[0.5,0.25,0,1]}}],
-"accessors":[{"bufferView":0,"componentType":5126,"count":3,"type":"VEC3",
-"min":[0,0,0],"max":[2,1,0]}],
-"bufferViews":[{"buffer":0,"byteOffset":0,"byteLength":36}],
-"buffers":[{"byteLength":36,"uri":"data:application/octet-stream;base64,)"
-           // (0, 0, 0), (2, 0, 0), (0, 1, 0) as 32-bit floats
-           "AAAAAAAAAAAAAAAAAAAAQAAAAAAAAAAAAAAAAAAAgD8AAAAA"
-           R"("}]})";
-}
-
-TEST_F(ModelFiles, AppliesNodeTransformsAndKeepsMirroredFacesOutside) {
-    if (!ogl::test::programReadsModels("gltf"))
-        GTEST_SKIP() << "this build reads OBJ files only";
-    const Model model = import(write("nodes.gltf", triangleGltf()));
+"materials":[{"name":"leaf","doubleSided":true}],)")));
     ASSERT_EQ(model.objects.size(), 3u);
     EXPECT_EQ(model.lengthUnit, "m");
     EXPECT_FALSE(model.lengthUnitGuessed);

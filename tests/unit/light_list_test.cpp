@@ -57,16 +57,6 @@ TEST_F(LightListTest, SpotsSeeTwiceTheirCone) {
     EXPECT_NEAR(dot(spot.camera->up, spot.direction()), 0.0f, 1e-6f);
 }
 
-TEST_F(LightListTest, PointsKeepTheirColorAndAlwaysFade) {
-    const LightList lights = lightsFrom({lamp(1, {1, 2, 3}, {}, 0)});
-    ASSERT_EQ(lights.size(), 1u);
-    ASSERT_EQ(lights[0]->kind, LightKind::Point);
-    EXPECT_FLOAT_EQ(lights[0]->position().z, 3.0f);
-    EXPECT_FLOAT_EQ(lights[0]->color.y, 0.5f);
-    EXPECT_EQ(lights[0]->attenuate, 1);
-    EXPECT_EQ(lights[0]->castsShadow, 0);
-}
-
 TEST_F(LightListTest, RecordsThatDescribeNoLightAreLeftOut) {
     const struct {
         const char* name;

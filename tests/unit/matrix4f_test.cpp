@@ -34,11 +34,6 @@ TEST(Matrix4f, ProductAppliesTheRightFactorFirst) {
     EXPECT_FLOAT_EQ(matrix.transposed().m[3], 1);
 }
 
-TEST(Matrix4f, SumAndScalingActOnEveryElement) {
-    const Matrix4f matrix = Matrix4f::translation(1, 2, 3);
-    expectNear(matrix + matrix, matrix * 2.0f, 0.0f);
-}
-
 TEST(Matrix4f, PerspectiveMapsTheFrustumToTheUnitCube) {
     const float fovDegrees = 60.0f;
     const float aspect = 1.5f;

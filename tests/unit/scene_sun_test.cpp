@@ -32,25 +32,6 @@ class SceneSunTest : public testing::Test {
     ErrorLog log_;
 };
 
-TEST_F(SceneSunTest, AChangedDirectionAsksForAnotherShadowMap) {
-    SCENE& scene = scene_.scene();
-    EXPECT_TRUE(update());
-    ASSERT_NE(sun_, nullptr);
-    EXPECT_NEAR(sun_->color.y, 1.5f * 128 / 255, 1e-5f);
-    const SunLight* first = sun_.get();
-    EXPECT_FALSE(update());
-    scene.sunIntensity = 70; // a colour needs no map
-    EXPECT_FALSE(update());
-    EXPECT_NEAR(sun_->color.x, 0.7f, 1e-5f);
-    scene.sunAzimuthAngle = 21;
-    EXPECT_TRUE(update());
-    EXPECT_FALSE(update());
-    bounds_.max.z = 5; // other things to see
-    EXPECT_TRUE(update());
-    EXPECT_FALSE(update());
-    EXPECT_EQ(sun_.get(), first);
-}
-
 TEST_F(SceneSunTest, StandsStillInEveryDirection) {
     SCENE& scene = scene_.scene();
     for (int azimuth = 0; azimuth < 360; azimuth += 7)
