@@ -72,7 +72,8 @@ class DrawingView::Folder {
                             << "\nuseFXAA=" << (options.fxaa ? 1 : 0)
                             << "\nenableGPUrt=" << (options.rayTracing ? 1 : 0)
                             << "\n[Veldra]\nTexturesDir=" << libraryPath(own_) << "\n";
-        writeSkyTextures(own_.string());
+        if (options.surroundings)
+            writeSkyTextures(own_.string());
     }
     ~Folder() {
         std::error_code ignored;

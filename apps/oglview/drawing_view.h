@@ -14,10 +14,11 @@ namespace oglview {
 struct LibraryOptions {
     std::string iniPath; ///< the user's "space.ini"; empty = one made for this run
     // For the one made here:
-    int samples = 8;         ///< per pixel of windows
-    int photoSamples = 4;    ///< per pixel in photo mode
-    bool rayTracing = false; ///< mode 8 shows the ray-trace preview
-    bool fxaa = false;       ///< smooth what photo mode has drawn
+    int samples = 8;          ///< per pixel of windows
+    int photoSamples = 4;     ///< per pixel in photo mode
+    bool rayTracing = false;  ///< mode 8 shows the ray-trace preview
+    bool fxaa = false;        ///< smooth what photo mode has drawn
+    bool surroundings = true; ///< what windows show and surfaces mirror
 };
 
 /// A view of the library (what d3_Create returns) and the folder of its configuration and log.

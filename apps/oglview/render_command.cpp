@@ -39,7 +39,10 @@ int renderCommand(const std::string& program, const RenderOptions& options) {
         applyStyle(scene.builder, style);
         drawTraced(scene, style.traceSamples, bitmap, progress);
     } else {
-        DrawingView view(nullptr, options.library);
+        LibraryOptions library = options.library;
+        library.surroundings =
+            style.mode != ogl::kRenderModeDrawing && style.mode != ogl::kRenderModeEdges;
+        DrawingView view(nullptr, library);
         view.loadTextures(scene.builder);
         drawPicture(view, scene, style, bitmap, progress);
         view.releaseScene(scene.builder);

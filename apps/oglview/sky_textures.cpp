@@ -16,8 +16,8 @@ namespace {
 
 using ogl::host::Vec3;
 
-constexpr int kWidth = 512;
-constexpr int kHeight = 256;
+constexpr int kMirroredWidth = 512; ///< pixels; half as high
+constexpr int kSeenWidth = 2048;
 
 double smooth(double low, double high, double value) {
     const double t = std::clamp((value - low) / (high - low), 0.0, 1.0);
@@ -71,19 +71,30 @@ Vec3 skyTone(Vec3 direction) {
     return mix(clear, {0.95, 0.95, 0.96}, cloud * 0.8);
 }
 
-/// The colour that is seen in a direction.
+Vec3 fieldTone(Vec3 direction) {
+    return mix({0.40, 0.38, 0.33}, {0.56, 0.60, 0.46}, std::exp(direction.z * 9.0) * 0.9);
+}
+
+/// The colour that is seen in a direction: meadows, a line of trees, hills in the haze, the sky.
 Vec3 surroundings(Vec3 direction) {
-    const double around = std::atan2(direction.y, direction.x) * 9.0 / std::numbers::pi;
-    // A line of trees, the same at both ends of the circle.
-    const double trees = 0.012 + 0.05 * cloudNoise(std::fabs(around) * 3.0, 3.0);
-    if (direction.z > trees)
+    constexpr double kMeadow = -0.008; // its border
+    constexpr double kHighest = 0.07;  // of the hills
+    constexpr double kSoft = 0.002;    // half the height of a border
+    if (direction.z > kHighest)
         return skyTone(direction);
-    const Vec3 wood{0.42, 0.50, 0.42};
-    const Vec3 meadow{0.50, 0.53, 0.40};
-    const Vec3 ground{0.40, 0.38, 0.33};
-    if (direction.z > -0.004)
-        return mix(wood, {0.60, 0.66, 0.66}, smooth(-0.004, 0.07, direction.z));
-    return mix(meadow, ground, smooth(0.0, 0.7, -direction.z));
+    if (direction.z < kMeadow - kSoft)
+        return fieldTone(direction);
+    // The same at both ends of the circle.
+    const double around = std::fabs(std::atan2(direction.y, direction.x)) * 9.0 / std::numbers::pi;
+    const double hills = 0.008 + 0.055 * cloudNoise(around * 0.9, 7.0);
+    const double trees = 0.055 * cloudNoise(around * 5.0, 3.0) - 0.012;
+    const double leaves = cloudNoise(around * 60.0, direction.z * 500.0);
+    const Vec3 hill =
+        mix({0.57, 0.64, 0.64}, {0.76, 0.81, 0.84}, smooth(0.0, kHighest, direction.z));
+    const Vec3 wood = mix({0.30, 0.37, 0.29}, {0.46, 0.53, 0.44}, leaves);
+    Vec3 tone = mix(hill, skyTone(direction), smooth(hills - kSoft, hills + kSoft, direction.z));
+    tone = mix(wood, tone, smooth(trees - kSoft, trees + kSoft, direction.z));
+    return mix(fieldTone(direction), tone, smooth(kMeadow - kSoft, kMeadow + kSoft, direction.z));
 }
 
 /// Where the library looks in the picture for the surroundings in a direction that points to +x or
@@ -107,20 +118,22 @@ uint8_t channel(double value) {
     return static_cast<uint8_t>(std::lround(std::clamp(value, 0.0, 1.0) * 255.0));
 }
 
-/// An uncompressed Truevision file of 24 bits, bottom row first.
-std::vector<uint8_t> paintTga(Vec3 (*directionAt)(double, double)) {
+/// An uncompressed Truevision file of 24 bits, half as high as wide, bottom row first.
+std::vector<uint8_t> paintTga(int width, Vec3 (*directionAt)(double, double)) {
+    const int height = width / 2;
     std::vector<uint8_t> bytes(18);
     bytes[2] = 2; // true colour
-    bytes[12] = kWidth & 0xff;
-    bytes[13] = kWidth >> 8;
-    bytes[14] = kHeight & 0xff;
-    bytes[15] = kHeight >> 8;
+    bytes[12] = static_cast<uint8_t>(width & 0xff);
+    bytes[13] = static_cast<uint8_t>(width >> 8);
+    bytes[14] = static_cast<uint8_t>(height & 0xff);
+    bytes[15] = static_cast<uint8_t>(height >> 8);
     bytes[16] = 24;
-    bytes.reserve(bytes.size() + size_t{3} * kWidth * kHeight);
-    for (int row = kHeight - 1; row >= 0; --row)
-        for (int column = 0; column < kWidth; ++column) {
+    bytes.reserve(bytes.size() +
+                  size_t{3} * static_cast<size_t>(width) * static_cast<size_t>(height));
+    for (int row = height - 1; row >= 0; --row)
+        for (int column = 0; column < width; ++column) {
             const Vec3 tone =
-                surroundings(directionAt((column + 0.5) / kWidth, (row + 0.5) / kHeight));
+                surroundings(directionAt((column + 0.5) / width, (row + 0.5) / height));
             for (const double part : {tone.z, tone.y, tone.x})
                 bytes.push_back(channel(part));
         }
@@ -130,8 +143,8 @@ std::vector<uint8_t> paintTga(Vec3 (*directionAt)(double, double)) {
 } // namespace
 
 void writeSkyTextures(const std::string& folder) {
-    writeWholeFile(folder + "/environment.tga", paintTga(mirroredDirection));
-    writeWholeFile(folder + "/background.tga", paintTga(panoramaDirection));
+    writeWholeFile(folder + "/environment.tga", paintTga(kMirroredWidth, mirroredDirection));
+    writeWholeFile(folder + "/background.tga", paintTga(kSeenWidth, panoramaDirection));
 }
 
 } // namespace oglview
