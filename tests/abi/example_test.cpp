@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
+#include "support/forward_light.h"
 #include "support/system.h"
 #include "support/temp_folder.h"
 
@@ -7,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstring>
 #include <filesystem>
 
@@ -71,8 +73,8 @@ struct Bmp {
     }
 };
 
-// The program resizes its window, clicks into it, saves a picture and closes, by itself. Colours as
-// in the first picture that was looked at.
+// The program resizes its window, clicks into it, saves a picture and closes, by itself. Colours
+// and directions are those of its records.
 TEST(Example, MinimalHostShowsPicksAndSavesAHouse) {
     const std::filesystem::path self = programPath();
     const auto program = self.parent_path() / "minimal-host" /
@@ -97,25 +99,37 @@ TEST(Example, MinimalHostShowsPicksAndSavesAHouse) {
         return picture.at(static_cast<int>(picture.width * 0.5 + right * half),
                           static_cast<int>(half - up * half));
     };
+    using Channels = std::array<int, 3>;
     struct Row {
         const char* what;
         double right, up; ///< in half heights
-        std::array<int, 3> color;
-        int tolerance;
+        Channels material;
+        std::array<double, 3> normal;
+        double lit;
     };
+    constexpr Channels kWall{236, 226, 206}, kDoor{116, 74, 48}, kRoof{178, 68, 52},
+        kGround{128, 160, 96};
     const Row rows[] = {
-        {"sky", 0.8, 0.8, {200, 220, 240}, 0},
-        {"roof", -0.1, 0.28, {217, 83, 63}, 3},
-        {"front wall", 0.0, -0.3, {247, 237, 210}, 3},
-        {"door", -0.55, -0.25, {122, 78, 49}, 3},
-        {"gable away from the sun", 0.68, -0.17, {113, 109, 99}, 3},
-        {"ground in the sun", -0.9, -0.5, {134, 167, 98}, 3},
-        {"ground in the shadow", 0.95, -0.35, {79, 98, 59}, 3},
+        {"roof", -0.1, 0.28, kRoof, {0, -0.669, 0.743}, 1},
+        {"front wall", 0.0, -0.3, kWall, {0, -1, 0}, 1},
+        {"door", -0.55, -0.25, kDoor, {0, -1, 0}, 1},
+        {"gable away from the sun", 0.68, -0.17, kWall, {1, 0, 0}, 0},
+        {"ground in the sun", -0.9, -0.5, kGround, {0, 0, 1}, 1},
+        {"ground in the shadow", 0.95, -0.35, kGround, {0, 0, 1}, 0},
     };
+    EXPECT_EQ(seen(0.8, 0.8), (Channels{0xc8, 0xdc, 0xf0})) << "sky";
+    constexpr double kAmbient = 0.12, kSunColor[] = {0.28, 0.28, 0.26};
+    constexpr double kToSun[] = {-0.4, -0.7, 0.6};
+    const double distance = std::hypot(kToSun[0], kToSun[1], kToSun[2]);
     for (const Row& row : rows) {
-        const auto found = seen(row.right, row.up);
+        double cosine = 0;
         for (size_t k = 0; k < 3; ++k)
-            EXPECT_NEAR(found[k], row.color[k], row.tolerance) << row.what << ", channel " << k;
+            cosine += row.normal[k] * kToSun[k] / distance;
+        const ForwardSurface surface{row.normal[2], cosine, kAmbient, row.lit};
+        const Channels found = seen(row.right, row.up);
+        for (size_t k = 0; k < 3; ++k)
+            EXPECT_NEAR(found[k], surface.shaded(row.material[k] / 255.0, kSunColor[k]), 2)
+                << row.what << ", channel " << k;
     }
 }
 

@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "gl/shadow_fixture.h"
 
-#include <algorithm>
-#include <cmath>
+#include "support/forward_light.h"
 
 namespace ogl::test {
 
@@ -46,19 +45,9 @@ int ShadowTest::addColored(Pixel color, float brightness) {
 }
 
 Pixel ShadowTest::shaded(Vec3 albedo, Vec3 normal, double lit) const {
-    const double cosine = static_cast<double>(dot(toSun_, normal));
-    const double direct = std::max(cosine, 0.0) * lit;
-    const double indirect = std::max(cosine + 1.0, 0.0) / 4.0 * 0.125;
-    const double ambient = (static_cast<double>(normal.z) + 1.0) / 4.0 + 0.25;
-    const auto channel = [&](float value, float sun) {
-        const double light = ambient * 4.0 * static_cast<double>(kAmbient) +
-                             4.0 * static_cast<double>(sun) * (indirect + direct);
-        const double screen =
-            std::pow(std::pow(static_cast<double>(value), 1.8) * light, 1.0 / 1.8);
-        return static_cast<int>(std::lround(std::min(screen, 1.0) * 255.0));
-    };
-    return {channel(albedo.x, kSunColor.x), channel(albedo.y, kSunColor.y),
-            channel(albedo.z, kSunColor.z)};
+    const ForwardSurface surface{normal.z, dot(toSun_, normal), kAmbient, lit};
+    return {surface.shaded(albedo.x, kSunColor.x), surface.shaded(albedo.y, kSunColor.y),
+            surface.shaded(albedo.z, kSunColor.z)};
 }
 
 void addBox(SceneFixture& scene, Vec3 low, Vec3 high, int16_t material) {
