@@ -4,10 +4,10 @@
 
 #include "bare_frame.h"
 #include "bench_scene.h"
-#include "bench_view.h"
 #include "drawing_renderer.h"
 #include "figures.h"
 #include "fixed/scene_batches.h"
+#include "render/hidden_view.h"
 
 #include <algorithm>
 #include <memory>
@@ -22,7 +22,7 @@ constexpr int kRounds = 5;
 constexpr int kFrames = 60;
 
 /// Building and uploading, without the drawing.
-Cost rebuildCost(BenchView& view, int materials) {
+Cost rebuildCost(HiddenView& view, int materials) {
     const auto fixture = std::make_unique<test::SceneFixture>();
     makeScene(*fixture, millionTriangles(materials));
     const auto renderer = makeDrawingRenderer(view, kWidth, kHeight, fixture->scene());
@@ -40,7 +40,7 @@ struct FrameTimes {
     Cost bare;
 };
 
-FrameTimes frameTimes(BenchView& view, const SceneSize& size) {
+FrameTimes frameTimes(HiddenView& view, const SceneSize& size) {
     const auto fixture = std::make_unique<test::SceneFixture>();
     makeScene(*fixture, size);
     const auto renderer = makeDrawingRenderer(view, kWidth, kHeight, fixture->scene());
@@ -78,7 +78,7 @@ void printFrame(const char* scene, FrameTimes times) {
 } // namespace
 
 bool benchFrame() {
-    BenchView view(kWidth, kHeight);
+    HiddenView view(kWidth, kHeight);
     if (!view.isReady())
         return false;
     const Cost few = rebuildCost(view, 20);

@@ -4,11 +4,11 @@
 
 #include "bare_frame.h"
 #include "bench_scene.h"
-#include "bench_view.h"
 #include "deferred/composite_pass.h"
 #include "deferred/deferred_renderer.h"
 #include "deferred/scene_look.h"
 #include "figures.h"
+#include "render/hidden_view.h"
 
 #include <chrono>
 #include <map>
@@ -51,7 +51,7 @@ void setLook(SCENE& scene, bool full) {
     scene.lightFlags = full ? kLightSunAndPortals | kLightSunPresent | kLightSketchEdges : 0;
 }
 
-std::unique_ptr<DeferredRenderer> makeRenderer(BenchView& view, SCENE& scene, int width,
+std::unique_ptr<DeferredRenderer> makeRenderer(HiddenView& view, SCENE& scene, int width,
                                                int height) {
     auto renderer = std::make_unique<DeferredRenderer>(view.context());
     renderer->drawFlags = kDrawFullQuality | kDrawShadows | kDrawInlineTextures;
@@ -69,7 +69,7 @@ double millisecondsSince(std::chrono::steady_clock::time_point start) {
         .count();
 }
 
-void measurePasses(BenchView& view) {
+void measurePasses(HiddenView& view) {
     view.context().settings.useFXAA = 1;
     const auto fixture = std::make_unique<test::SceneFixture>();
     addLights(*fixture);
@@ -122,7 +122,7 @@ class BarePhoto {
     GLTexture noEnvironment_;
 };
 
-void compareWithBare(BenchView& view) {
+void compareWithBare(HiddenView& view) {
     view.context().settings.useFXAA = 0;
     const SceneSize size{200, 400, 20, 2};
     const auto fixture = std::make_unique<test::SceneFixture>();
@@ -151,7 +151,7 @@ void compareWithBare(BenchView& view) {
 }
 
 /// Frames of a hundred thousand objects in a small view: what remains is the processor's work.
-Cost manyObjects(BenchView& view, int materials) {
+Cost manyObjects(HiddenView& view, int materials) {
     const auto fixture = std::make_unique<test::SceneFixture>();
     makeScene(*fixture, {100000, 1, materials, 1});
     for (int m = 0; m < materials; m += 10)
@@ -169,7 +169,7 @@ Cost manyObjects(BenchView& view, int materials) {
 } // namespace
 
 bool benchPhoto() {
-    BenchView view(kWidth, kHeight);
+    HiddenView view(kWidth, kHeight);
     if (!view.isReady())
         return false;
     measurePasses(view);

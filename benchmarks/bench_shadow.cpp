@@ -4,11 +4,11 @@
 
 #include "bare_frame.h"
 #include "bench_scene.h"
-#include "bench_view.h"
 #include "drawing_renderer.h"
 #include "figures.h"
 #include "fixed/shadow_renderer.h"
 #include "gpu/texture.h"
+#include "render/hidden_view.h"
 
 #include <memory>
 #include <string>
@@ -35,7 +35,7 @@ class OpenShadowRenderer : public ShadowRenderer {
     bool isReady() const { return objectProgram_ != nullptr && sunLight_ != nullptr; }
 };
 
-std::unique_ptr<OpenShadowRenderer> makeRenderer(BenchView& view, SCENE& scene) {
+std::unique_ptr<OpenShadowRenderer> makeRenderer(HiddenView& view, SCENE& scene) {
     auto renderer = std::make_unique<OpenShadowRenderer>(view.context());
     renderer->drawFlags = kDrawFullQuality | kDrawShadows | kDrawInlineTextures;
     renderer->scene = &scene;
@@ -50,7 +50,7 @@ std::unique_ptr<OpenShadowRenderer> makeRenderer(BenchView& view, SCENE& scene) 
     return renderer;
 }
 
-bool measure(BenchView& view, const char* name, const SceneSize& size) {
+bool measure(HiddenView& view, const char* name, const SceneSize& size) {
     const auto fixture = std::make_unique<test::SceneFixture>();
     LIGHT sun{};
     sun.target = {0.5f, 0.3f, -0.8f};
@@ -97,7 +97,7 @@ bool measure(BenchView& view, const char* name, const SceneSize& size) {
 } // namespace
 
 bool benchShadow() {
-    BenchView view(kWidth, kHeight);
+    HiddenView view(kWidth, kHeight);
     return view.isReady() && measure(view, "8000_batches", {4000, 8, 50, 2}) &&
            measure(view, "few_batches", {200, 400, 20, 2});
 }

@@ -86,7 +86,7 @@ void printBarely(const BareFrame& frame, const Reader& reader, const BitmapTarge
 } // namespace
 
 bool benchTiles() {
-    BenchView view(kSide, kSide);
+    HiddenView view(kSide, kSide);
     if (!view.isReady())
         return false;
     const auto fixture = std::make_unique<test::SceneFixture>();

@@ -6,7 +6,7 @@
 
 namespace ogl::bench {
 
-std::unique_ptr<FixedRenderer> makeDrawingRenderer(BenchView& view, int width, int height,
+std::unique_ptr<FixedRenderer> makeDrawingRenderer(HiddenView& view, int width, int height,
                                                    SCENE& scene) {
     auto renderer = std::make_unique<FixedRenderer>(view.context());
     renderer->resetGLState();

@@ -3,6 +3,7 @@
 #include "gpu/texture.h"
 
 #include "gpu/driver_quirks.h"
+#include "gpu/texture_image.h"
 
 #include <algorithm>
 
@@ -18,16 +19,8 @@ unsigned unitName(int unit) {
 
 /// With the legacy component counts the driver chooses the sizes.
 int internalFormat2D(unsigned pixelFormat) {
-    switch (pixelFormat) {
-    case GL_RGB:
-    case GL_BGR:
-        return 3;
-    case GL_RGBA:
-    case GL_BGRA:
-        return 4;
-    default:
-        return GL_LUMINANCE;
-    }
+    const int components = textureComponents(pixelFormat);
+    return components > 1 ? components : GL_LUMINANCE;
 }
 
 void setFilters(unsigned target, int minification, int magnification) {

@@ -2,48 +2,18 @@
 // SPDX-License-Identifier: MIT
 #include "raytrace/traced_picture.h"
 
-#include "platform/own_window.h"
 #include "raytrace/path_tracer.h"
 #include "raytrace/ray_trace_renderer.h"
-#include "render/render_context.h"
+#include "render/hidden_view.h"
 
 #include <algorithm>
 #include <cmath>
-#include <memory>
 
 namespace ogl {
 
 namespace {
 
-// No such file: defaults, and nothing is logged.
-constexpr const char* kNoSettings = "no-such-folder\\space.ini";
 constexpr float kByteScale = 255.0f;
-
-/// A view on the hidden window, its context current.
-class TraceView {
-  public:
-    TraceView(int width, int height) {
-        if (!ensureOwnWindow(GetModuleHandleA(nullptr)))
-            return;
-        auto context = std::make_unique<RenderContext>(ownWindow(), 0u, kNoSettings);
-        if (!context->initializeOpenGL())
-            return;
-        wglMakeCurrent(context->primary.dc, context->primary.glContext);
-        resizeOwnWindow(width, height);
-        context_ = std::move(context);
-    }
-    ~TraceView() {
-        context_.reset();
-        tearDownOwnWindow();
-    }
-    TraceView(const TraceView&) = delete;
-    TraceView& operator=(const TraceView&) = delete;
-
-    RenderContext* context() { return context_.get(); }
-
-  private:
-    std::unique_ptr<RenderContext> context_;
-};
 
 /// Packs the scene and sets the camera; the frame itself is of no use.
 void prepare(RayTraceRenderer& renderer, SCENE& scene, const TraceOrder& order) {
@@ -84,10 +54,10 @@ TracedPicture traceScene(SCENE& scene, const TraceOrder& order, const TraceProgr
     if (order.width < 1 || order.height < 1 ||
         static_cast<int64_t>(order.width) * order.height > kLargestTracedPixels)
         return {"a traced picture has at most 4096 x 4096 pixels", {}};
-    TraceView view(order.width, order.height);
-    if (view.context() == nullptr)
+    HiddenView view(order.width, order.height);
+    if (!view.isReady())
         return {"cannot draw with OpenGL here", {}};
-    RayTraceRenderer renderer(*view.context());
+    RayTraceRenderer renderer(view.context());
     prepare(renderer, scene, order);
     if (!renderer.isPacked())
         return {"the scene is too large to ray trace", {}};

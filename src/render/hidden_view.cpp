@@ -1,15 +1,19 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
-#include "bench_view.h"
+#include "render/hidden_view.h"
 
 #include "platform/own_window.h"
 
-namespace ogl::bench {
+namespace ogl {
 
-// No such file: four samples per pixel are the default, and nothing is logged.
+namespace {
+
+// No such file: defaults, and nothing is logged.
 constexpr const char* kNoSettings = "no-such-folder\\space.ini";
 
-BenchView::BenchView(int width, int height) {
+} // namespace
+
+HiddenView::HiddenView(int width, int height) {
     if (!ensureOwnWindow(GetModuleHandleA(nullptr)))
         return;
     auto context = std::make_unique<RenderContext>(ownWindow(), 0u, kNoSettings);
@@ -20,9 +24,9 @@ BenchView::BenchView(int width, int height) {
     context_ = std::move(context);
 }
 
-BenchView::~BenchView() {
+HiddenView::~HiddenView() {
     context_.reset();
     tearDownOwnWindow();
 }
 
-} // namespace ogl::bench
+} // namespace ogl
