@@ -119,9 +119,4 @@ class SceneBuilder {
     std::unique_ptr<Parts> parts_;
 };
 
-/// A camera outside the box, a little above, looking at its middle so that all of it is in view.
-/// `azimuthDegrees`: direction in which the camera stands, from +x towards +y.
-Camera cameraAround(const Box& box, double azimuthDegrees, double elevationDegrees,
-                    double fieldOfViewDegrees, double aspect);
-
 } // namespace ogl::host

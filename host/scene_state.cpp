@@ -231,34 +231,4 @@ std::vector<SceneBuilder::LibrarySlot> usedLibrarySlots(SCENE& scene) {
     return slots;
 }
 
-Camera cameraAround(const Box& box, double azimuthDegrees, double elevationDegrees,
-                    double fieldOfViewDegrees, double aspect) {
-    Camera camera;
-    camera.fieldOfViewDegrees = fieldOfViewDegrees;
-    if (box.empty())
-        return camera;
-    camera.target = (box.low + box.high) * 0.5;
-    const double azimuth = azimuthDegrees * kRadians;
-    const double elevation = elevationDegrees * kRadians;
-    const Vec3 back{std::cos(elevation) * std::cos(azimuth),
-                    std::cos(elevation) * std::sin(azimuth), std::sin(elevation)};
-    const Vec3 right = normalized(cross({0.0, 0.0, 1.0}, back));
-    const Vec3 above = cross(back, right);
-    // The distance at which each corner of the box just touches the edge of the view.
-    const double tanY = std::tan(fieldOfViewDegrees * kRadians * 0.5);
-    const double tanX = tanY * aspect;
-    double distance = 0.0;
-    for (int corner = 0; corner < 8; ++corner) {
-        const Vec3 p{(corner & 1) != 0 ? box.high.x : box.low.x,
-                     (corner & 2) != 0 ? box.high.y : box.low.y,
-                     (corner & 4) != 0 ? box.high.z : box.low.z};
-        const Vec3 d = p - camera.target;
-        distance = std::max({distance, dot(d, back) + std::fabs(dot(d, right)) / tanX,
-                             dot(d, back) + std::fabs(dot(d, above)) / tanY});
-    }
-    constexpr double kMargin = 1.06;
-    camera.eye = camera.target + back * std::max(distance * kMargin, 1.0);
-    return camera;
-}
-
 } // namespace ogl::host

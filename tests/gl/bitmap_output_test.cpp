@@ -22,13 +22,6 @@ class BitmapOutputTest : public GLTest {
         scene_->scene().drawingOptions = kOptionBackgroundColor;
         scene_->scene().drawingBackgroundColor = 0xc08040;
     }
-    static void expectSame(const Bitmap& bitmap, const Picture& picture, int width, int height,
-                           const char* name) {
-        for (int y = 0; y < height; ++y)
-            for (int x = 0; x < width; ++x)
-                ASSERT_TRUE(isNear(bitmap.at(x, y), picture.at(x, y), 0))
-                    << name << " at " << x << ", " << y;
-    }
 };
 
 TEST_F(BitmapOutputTest, FillsBitmapsOfTheViewsSize) {
@@ -41,7 +34,7 @@ TEST_F(BitmapOutputTest, FillsBitmapsOfTheViewsSize) {
             const Picture picture = drawFrame();
             Bitmap bitmap(kViewSize, kViewSize, bits);
             EXPECT_EQ(renderer_->drawToBitmap(bitmap.handle()), 1);
-            expectSame(bitmap, picture, kViewSize, kViewSize, bits == 24 ? "24 bits" : "32 bits");
+            EXPECT_EQ(differences(bitmap, picture, kViewSize, kViewSize), 0) << bits;
         }
 }
 
@@ -52,7 +45,7 @@ TEST_F(BitmapOutputTest, PadsRowsToFourBytes) {
     renderer_->setupCamera(scene_->scene());
     Bitmap bitmap(kOddWidth, kViewSize, 24);
     renderer_->drawToBitmap(bitmap.handle());
-    expectSame(bitmap, Picture::read(kOddWidth, kViewSize), kOddWidth, kViewSize, "odd width");
+    EXPECT_EQ(differences(bitmap, Picture::read(kOddWidth, kViewSize), kOddWidth, kViewSize), 0);
 }
 
 TEST_F(BitmapOutputTest, ClipsCapturesToTheBitmap) {
@@ -71,7 +64,7 @@ TEST_F(BitmapOutputTest, ClipsCapturesToTheBitmap) {
         renderer_->copyToBitmap(bitmap.handle());
         const int width = std::min(row.width, kViewSize);
         const int height = std::min(row.height, kViewSize);
-        expectSame(bitmap, picture, width, height, row.name);
+        EXPECT_EQ(differences(bitmap, picture, width, height), 0) << row.name;
         if (row.width > kViewSize) {
             EXPECT_TRUE(isNear(bitmap.at(kViewSize, 10), kUntouched, 0)) << row.name;
         }

@@ -53,6 +53,16 @@ bool isNear(Pixel a, Pixel b, int tolerance);
 /// A pixel at or beside (x, y) that has the colour.
 bool isFoundNear(const Picture& picture, int x, int y, Pixel color, int tolerance);
 
+/// Pixels in which two pictures or bitmaps, counted upwards, differ by more than the tolerance.
+template <class A, class B>
+int differences(const A& a, const B& b, int width, int height, int tolerance = 0) {
+    int count = 0;
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x)
+            count += isNear(a.at(x, y), b.at(x, y), tolerance) ? 0 : 1;
+    return count;
+}
+
 /// A bitmap as hosts make them, filled with 0x77.
 class Bitmap {
   public:

@@ -111,11 +111,7 @@ void OverlayTest::drawGlyphs(const std::string& text, int x, int y, Pixel color)
 }
 
 int differingPixels(const Picture& a, const Picture& b) {
-    int differing = 0;
-    for (int y = 0; y < a.height(); ++y)
-        for (int x = 0; x < a.width(); ++x)
-            differing += isNear(a.at(x, y), b.at(x, y), 1) ? 0 : 1;
-    return differing;
+    return differences(a, b, a.width(), a.height(), 1);
 }
 
 } // namespace ogl::test

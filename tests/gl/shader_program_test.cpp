@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <span>
 #include <string>
+#include <utility>
 
 namespace ogl {
 namespace {
@@ -130,6 +131,40 @@ TEST_F(ShaderProgramTest, LogsAreCutToTheBuffer) {
     EXPECT_EQ(memory[kSize - 1], '\0');
     EXPECT_EQ(std::count(memory.begin() + kSize, memory.end(), '#'), static_cast<long>(kSize));
     test::acceptDebugMessages();
+}
+
+// Those that no program of the library has a use for so far.
+TEST_F(ShaderProgramTest, ArraysAndSmallMatricesTakeTheirValues) {
+    ShaderProgram program;
+    std::array<char, kShaderLogSize> log{};
+    ASSERT_EQ(
+        program.build("uniforms", 0, kVertexSource,
+                      "#version 120\n"
+                      "uniform vec2 v; uniform float fs[3]; uniform int is[2];\n"
+                      "uniform mat3 m;\n"
+                      "void main() { gl_FragColor = vec4(v.x, fs[2], float(is[1]), m[1].x); }\n",
+                      log),
+        0)
+        << log.data();
+    program.use();
+    const float values[] = {1, 2, 3, 4, 5, 6, 7, 8, 9};
+    const int integers[] = {5, -6};
+    program.setVec2v("v", values);
+    program.setFloatArray("fs", 3, values);
+    program.setIntArray("is", 2, integers);
+    program.setMat3("m", values);
+    const auto first = [&](const char* uniform) {
+        float read[9] = {};
+        glGetUniformfv(program.programId(), glGetUniformLocation(program.programId(), uniform),
+                       read);
+        return std::pair{read[0], read[1]};
+    };
+    EXPECT_EQ(first("v"), std::pair(1.0f, 2.0f));
+    EXPECT_EQ(first("fs[2]").first, 3.0f);
+    EXPECT_EQ(first("is[1]").first, -6.0f);
+    EXPECT_EQ(first("m"), std::pair(1.0f, 2.0f)); // a column
+    program.setFloat("unknown", 1.0f);            // ignored
+    ShaderProgram::useNone();
 }
 
 } // namespace

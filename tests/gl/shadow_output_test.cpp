@@ -99,9 +99,7 @@ TEST_F(ShadowOutputTest, WindowsShowSilhouettesAgainAfterAFile) {
     renderer.edgeMode = kEdgesVisible;
     renderer.drawFaces = 1;
     const Picture after = drawFrame();
-    for (int y = 0; y < kViewSize; ++y)
-        for (int x = 0; x < kViewSize; ++x)
-            ASSERT_TRUE(isNear(before.at(x, y), after.at(x, y), 0)) << x << ", " << y;
+    EXPECT_EQ(differences(before, after, kViewSize, kViewSize), 0);
 }
 
 TEST_F(ShadowOutputTest, PlansShowTheSiteFromAbove) {

@@ -87,6 +87,10 @@ TEST_F(TileRendererTest, PutsEveryPixelInItsPlaceInBothRowOrders) {
         tiles.setTileBuffer(GL_RGBA, GL_UNSIGNED_BYTE, tile.data());
         tiles.setOrtho({0, kWidth, 0, kHeight, -1, 1});
         tiles.setRowOrder(order);
+        tiles.setRowOrder(TileToken::Rows); // no order
+        EXPECT_EQ(tiles.get(TileToken::Columns), 4);
+        EXPECT_EQ(tiles.get(TileToken::Rows), 4);
+        EXPECT_EQ(tiles.get(TileToken::CurrentRow), -1);
         glPixelStorei(GL_PACK_ALIGNMENT, 4);
         glPixelStorei(GL_PACK_SKIP_ROWS, 2);
         glViewport(1, 2, 33, 44);

@@ -88,14 +88,4 @@ TEST(ImportModel, OneLineForEveryWayInWhichTheImporterFails) {
     EXPECT_NE(noImporter.find("could not be started"), std::string::npos) << noImporter;
 }
 
-TEST(ImportModel, SaysWhatIsWrongWithThePath) {
-    const ogl::test::TempFolder folder;
-    Model model;
-    EXPECT_NE(importModel(misbehavingChild(), folder.path(), {}, model).find("it is a folder"),
-              std::string::npos);
-    EXPECT_NE(
-        importModel(misbehavingChild(), folder.file("none.ifc"), {}, model).find("No such file"),
-        std::string::npos);
-}
-
 } // namespace

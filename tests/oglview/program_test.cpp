@@ -269,20 +269,6 @@ TEST_F(Program, DrawsACubeExactlyWhereItIs) {
         }
 }
 
-TEST_F(Program, UsesTheBackgroundColour) {
-    const std::string path = folder_.file("sky.png");
-    const ProcessResult result = run({"render", "flat", "-o", path, "--size", "160x120", "--camera",
-                                      "0,0,50,0,0,100", "--background", "c0d8f0"});
-    ASSERT_EQ(result.exitCode, 0) << result.output;
-    const Image image = readImage(path);
-    ASSERT_EQ(image.width, 160);
-    for (const auto& [x, y] : {std::pair{0, 0}, {159, 0}, {0, 119}, {159, 119}, {80, 60}}) {
-        EXPECT_EQ(image.at(x, y)[0], 0xc0);
-        EXPECT_EQ(image.at(x, y)[1], 0xd8);
-        EXPECT_EQ(image.at(x, y)[2], 0xf0);
-    }
-}
-
 TEST_F(Program, WritesItsLogBesideTheUsersConfiguration) {
     ogl::test::writeFile(folder_.file("mine.ini"), "[OpenGL]\nnumAASamplesDrawing=1\n");
     const ProcessResult result = run({"render", "flat", "-o", folder_.file("a.png"), "--size",

@@ -75,16 +75,5 @@ TEST(SurfaceLayer, IsChosenByOpacityAndTextures) {
     }
 }
 
-TEST(SurfaceLayer, SkipsUnusedMaterialsAndThoseThatLackTheirTexture) {
-    MATERIAL material = test::plainMaterial();
-    EXPECT_FALSE(isSkipped(material));
-    material.flags = kMaterialOnlyTextured;
-    EXPECT_TRUE(isSkipped(material));
-    material.textureIndex = 0;
-    EXPECT_FALSE(isSkipped(material));
-    material.useCount = 0;
-    EXPECT_TRUE(isSkipped(material));
-}
-
 } // namespace
 } // namespace ogl

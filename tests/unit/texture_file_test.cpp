@@ -125,25 +125,6 @@ TEST_F(TextureFileTest, KnowsTheseCombinationsAndNoOthers) {
     }
 }
 
-TEST_F(TextureFileTest, TurnsDibRowsTopFirst) {
-    const struct {
-        const char* name;
-        int usage, width, bits;
-        Bytes pixels;
-    } rows[] = {
-        {"8 bits: padding dropped", 1, 3, 8, {5, 6, 7, 1, 2, 3}},
-        {"24 bits as RGB: padding dropped", 4, 1, 24, {5, 6, 7, 1, 2, 3}},
-        // GL reads rows of this format in steps of four bytes.
-        {"24 bits as BGR: padding kept, but as zeros", 0, 1, 24, {5, 6, 7, 0, 1, 2, 3, 0}},
-        {"32 bits", 0, 1, 32, {5, 6, 7, 8, 1, 2, 3, 4}},
-    };
-    for (const auto& row : rows) {
-        const Made image({dibFile(row.width, 2, row.bits), 8, row.usage, row.width, 2, row.bits});
-        ASSERT_NE(image.get(), nullptr) << row.name;
-        EXPECT_EQ(image->pixels, row.pixels) << row.name;
-    }
-}
-
 TEST_F(TextureFileTest, TakesTheRowLengthFromTheDib) {
     Bytes wide = dibFile(1, 2, 32); // 8 bytes of pixels
     put<uint32_t>(wide, 20, 12);    // rows of 6 bytes

@@ -112,23 +112,6 @@ test("the view and the light are the scene's", () => {
         }
 });
 
-test("set-up runs in the order that pages rely on", () => {
-    const { page, calls } = exported("order");
-    const order = calls.map(([name]) => name).filter((name) => /^(init|update|draw)/.test(name));
-    assert.deepEqual(order, ["initProgram", "initProgram", "initProgram", "initUI", "updateCamera", "drawFrame"]);
-    assert.deepEqual(calls.find(([name]) => name === "updateCamera"), ["updateCamera", 0, 0]);
-    assert.equal(page.canvas.onmousedown, page.handleMouseDown);
-    assert.equal(page.document.onmousewheel, page.handleMouseWheel);
-    for (const [, vertex, fragment] of calls.filter(([name]) => name === "initProgram")) {
-        assert.match(vertex, /gl_Position/);
-        assert.match(fragment, /gl_FragColor/);
-    }
-    const signs = calls.filter(([name]) => name === "gl.texImage2D").map((call) => call.at(-1));
-    assert.deepEqual(signs.map((texels) => texels.length), [324, 324]);
-    assert.deepEqual(signs.map((texels) => texels.filter((_, k) => k % 4 === 0 && texels[k] === 50).length),
-                     [11, 25]);
-});
-
 test("textures are asked for where they lie", () => {
     const place = path.join(folder, "Sessions", "my flat", "scene.js");
     run("export", "flat", place);
