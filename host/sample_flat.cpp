@@ -33,8 +33,9 @@ void addLights(SceneBuilder& builder) {
     builder.addLamp(pointLamp({6.0, 7.0, 2.15}, 0.7f));
     for (const double x : {1.6, 2.5, 3.4})
         builder.addLamp(spotLamp({x, 4.5, 2.55}, {x, 4.9, 0.9}, 1.2f));
-    builder.addLamp(spotLamp({10.0, 6.0, 2.55}, {10.0, 5.6, 0.9}, 1.2f));
-    builder.addLamp(spotLamp({11.3, 7.7, 2.55}, {11.7, 7.7, 0.3}, 1.2f));
+    builder.addLamp(spotLamp({10.0, 6.0, 2.55}, {10.0, 5.6, 0.9}, 2.0f));
+    builder.addLamp(spotLamp({11.3, 7.7, 2.55}, {11.7, 7.7, 0.3}, 2.0f));
+    builder.addLamp(pointLamp({10.3, 7.2, 2.2}, 1.4f));
 }
 
 std::vector<NamedView> flatViews(ObjectId roof) {

@@ -27,6 +27,10 @@ struct Color {
     uint8_t blue = 255;
 };
 
+/// The brightness at which lit pictures show a texture in its own colours on a white material: they
+/// double what it multiplies.
+inline constexpr float kTexturedBrightness = 0.2f;
+
 /// Surface of a face. At brightness 0.4 a colour is drawn as given (it is scaled by 2.5 times the
 /// brightness).
 struct Material {

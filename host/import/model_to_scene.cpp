@@ -18,8 +18,10 @@ Material materialOf(const ModelMaterial& source, TextureId firstTexture) {
     material.opacity = source.opacity;
     material.emission = source.emission;
     material.specular = source.specular;
-    if (source.textureNumber != kNone)
+    if (source.textureNumber != kNone) {
         material.texture = firstTexture + source.textureNumber;
+        material.brightness = kTexturedBrightness;
+    }
     material.alphaTextured = source.alphaTextured;
     return material;
 }

@@ -4,6 +4,7 @@
 
 #include "host/sample/code_textures.h"
 
+#include <cmath>
 #include <utility>
 
 namespace ogl::host {
@@ -32,7 +33,17 @@ Material metal(const char* name, Color color, float reflection) {
     return material;
 }
 
+/// The texture has the colours already: the material's, which lit pictures multiply with them and
+/// traced ones show alone, are paled, and their brightness makes up for what they take away.
 Material textured(Material material, TextureId texture) {
+    constexpr double kColored = 0.35;
+    const Color c = material.color;
+    const double grey = 0.3 * c.red + 0.6 * c.green + 0.1 * c.blue;
+    const auto paled = [&](uint8_t channel) {
+        return static_cast<uint8_t>(std::lround(grey + (channel - grey) * kColored));
+    };
+    material.color = {paled(c.red), paled(c.green), paled(c.blue)};
+    material.brightness = static_cast<float>(kTexturedBrightness * 255.0 / grey);
     material.texture = texture;
     return material;
 }
@@ -66,8 +77,9 @@ FlatPaints::FlatPaints(SceneBuilder& b) {
     Material floor = shiny("oak planks", {190, 152, 112}, 0.04f, 0.5f);
     planks = pictured(woodPlanks(), floor, 1.8, 0.96);
     stone = pictured(stoneTiles(), shiny("stone tiles", {190, 188, 182}, 0.05f, 0.6f), 1.2, 1.2);
-    wallTiles =
-        pictured(host::wallTiles(), shiny("wall tiles", {218, 232, 230}, 0.06f, 0.8f), 0.4, 0.4);
+    Material glazed = shiny("wall tiles", {218, 232, 230}, 0.06f, 0.8f);
+    glazed.specular = 0.02f; // as broad as lamps shine back, more would be a white disc
+    wallTiles = pictured(host::wallTiles(), glazed, 0.4, 0.4);
     deck = pictured(deckBoards(), matt("deck boards", {152, 132, 110}), 1.0, 1.0);
 
     oak = pictured(woodGrain(), matt("oak", {178, 138, 98}), 0.8, 0.8);
