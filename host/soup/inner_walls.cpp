@@ -62,9 +62,9 @@ class InnerWallFinder {
     }
 
     std::span<const uint32_t> edgesAt(uint32_t h) const {
-        const auto run = std::ranges::equal_range(sorted_, endsOf(h), {},
-                                                  [this](uint32_t k) { return endsOf(k); });
-        return {run.begin(), run.end()};
+        const auto ends = [this](uint32_t k) { return endsOf(k); };
+        const auto first = std::ranges::lower_bound(sorted_, endsOf(h), {}, ends);
+        return {first, std::ranges::upper_bound(sorted_, endsOf(h), {}, ends)};
     }
 
     /// The flat patch of the same material that shares the border and faces the other way.
