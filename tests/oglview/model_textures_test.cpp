@@ -127,7 +127,7 @@ TEST(ModelTextures, AreSharedAndMissedOnce) {
     EXPECT_EQ(builder.textures()[2].name, "leaf");
     // Lit pictures double what a texture multiplies.
     const auto* records =
-        static_cast<const MATERIAL*>(builder.build()->geometry.materials.data.get());
+        static_cast<const ogl::MATERIAL*>(builder.build()->geometry.materials.data.get());
     for (size_t k = 0; k < std::size(expected); ++k)
         EXPECT_EQ(records[k].brightness, expected[k] == kNone ? 0.4f : 0.2f) << k;
 }
