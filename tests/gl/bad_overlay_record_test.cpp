@@ -22,7 +22,7 @@ class BadOverlayRecord : public OverlayTest {
         scene_->addObject();
         scene_->addFace(plate(-6, -6, 6, 6));
         scene_->commit();
-        static_cast<OBJECT*>(scene_->objects().data.get())[1].highlight = 0x30000000;
+        scene_->object(1).highlight = 0x30000000;
         scene().overlayFlags = 0x8004;
         scene().hudFlags = 0x81;
         scene().symbol1.sizePercent = 100;

@@ -154,7 +154,7 @@ TEST_F(BatchRefreshTest, IgnoresAddressesThatItDidNotHandOut) {
 TEST_F(BatchRefreshTest, DrawsThePreviewRecordInsteadOfTheScene) {
     scene_->view().previewMode = 1;
     scene_->view().preview.changeFlags = 1;
-    static_cast<OBJECT*>(scene_->objects().data.get())[1].flags = 0x2000;
+    scene_->object(1).flags = 0x2000;
     selectDrawing();
     const uint64_t callsBefore = glWork().drawCalls;
     const Picture picture = drawFrame();

@@ -226,7 +226,7 @@ TEST_F(FixedRendererTest, ReadsMaterialsAndObjectsAtDrawTime) {
     scene_->addFace(withoutEdges(plate(0, -6, 6, 6)));
     selectDrawing();
     EXPECT_TRUE(isNear(pixelAt(drawFrame(), 3, 0), kWhite, 1));
-    static_cast<OBJECT*>(scene_->objects().data.get())[1].flags = 0x8;
+    scene_->object(1).flags = 0x8;
     const Picture hidden = drawFrame();
     EXPECT_TRUE(isNear(pixelAt(hidden, 3, 0), kBlue, 1));
     EXPECT_TRUE(isNear(pixelAt(hidden, -3, 0), kWhite, 1));

@@ -34,7 +34,6 @@ class SceneOverlays : public OverlayTest {
         scene_->addMaterial(plainMaterial());
         scene_->geometry().edgeOpacity = 0;
     }
-    OBJECT& object(int k) { return static_cast<OBJECT*>(scene_->objects().data.get())[k]; }
 };
 
 class Highlights : public SceneOverlays {
@@ -75,7 +74,7 @@ TEST_F(Highlights, OutlineObjectsInTheColorsOfTheirBits) {
     scene_->addFace(plate(-5, -4, 5, -2));
     scene_->commit();
     for (int k = 0; k < 6; ++k)
-        object(k + 1).highlight = rows[k].highlight;
+        scene_->object(k + 1).highlight = rows[k].highlight;
     const Picture picture = frame();
     for (const auto& row : rows)
         for (const Pixel* color : {&kRed, &kBlue, &kYellow})
@@ -114,7 +113,7 @@ TEST_F(Highlights, ShowWhereSelectedObjectsWouldGo) {
     };
     for (const auto& row : rows) {
         view().mode = row.mode;
-        object(1).highlight = row.highlight;
+        scene_->object(1).highlight = row.highlight;
         const Picture picture = frame();
         EXPECT_EQ(seen(picture, false), row.shown) << row.what;
         EXPECT_EQ(seen(picture, true), row.shown) << row.what;
@@ -287,7 +286,7 @@ TEST_F(SceneOverlays, LeaveTheStateThatFramesStartFrom) {
         renderer_->roundEdgeEnds = 1;
         view().flags = kViewNoOverlays | kViewNoHud;
         const Picture before = frame();
-        object(1).highlight = kSelected | kMarked;
+        scene_->object(1).highlight = kSelected | kMarked;
         view().tooltipText[0] = 'a';
         scene().overlayFlags = 0x8004;
         scene().hudFlags = 0x81;

@@ -100,26 +100,6 @@ void SceneFixture::release() {
     blocks_.clear();
 }
 
-CACHEENTRY& SceneFixture::entry(int k) {
-    const LIST cache = view_->objectCache;
-    return static_cast<CACHEENTRY*>(cache.data.get())[k];
-}
-
-FACE& SceneFixture::face(int f) {
-    const LIST items = geometry().clusters.items;
-    return static_cast<FACE*>(items.data.get())[f];
-}
-
-MATERIAL& SceneFixture::material(int m) {
-    const LIST materials = geometry().materials;
-    return static_cast<MATERIAL*>(materials.data.get())[m];
-}
-
-LIGHT& SceneFixture::light(int l) {
-    const LIST lights = geometry().lights;
-    return static_cast<LIGHT*>(lights.data.get())[l];
-}
-
 int SceneFixture::addMaterial(const MATERIAL& material) {
     materials_.push_back(material);
     return count(materials_.size()) - 1;

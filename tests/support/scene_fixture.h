@@ -38,6 +38,11 @@ MATERIAL plainMaterial();
 /// the corners run clockwise it is a front face.
 FaceShape quad(Vec3 a, Vec3 b, Vec3 c, Vec3 d, int16_t material = 0);
 
+/// Element `k` of a list that holds such records.
+template <class T> T& element(const LIST& list, int k) {
+    return static_cast<T*>(list.data.get())[k];
+}
+
 /// A host's scene in memory below 4 GiB. Records are collected first; commit() lays them out, each
 /// list followed by a stretch of kCanary bytes, so that what is read past a list shows.
 class SceneFixture {
@@ -54,10 +59,11 @@ class SceneFixture {
     GEOMETRY& geometry() { return scene_->geometry; }
     VIEW& view() { return *view_; }
     LIST& objects() { return *objects_; }
-    CACHEENTRY& entry(int k);
-    FACE& face(int f);
-    MATERIAL& material(int m);
-    LIGHT& light(int l);
+    CACHEENTRY& entry(int k) { return element<CACHEENTRY>(view_->objectCache, k); }
+    OBJECT& object(int k) { return element<OBJECT>(*objects_, k); }
+    FACE& face(int f) { return element<FACE>(geometry().clusters.items, f); }
+    MATERIAL& material(int m) { return element<MATERIAL>(geometry().materials, m); }
+    LIGHT& light(int l) { return element<LIGHT>(geometry().lights, l); }
 
     /// Each returns the number of what it added.
     int addMaterial(const MATERIAL& material);

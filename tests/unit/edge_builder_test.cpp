@@ -170,10 +170,6 @@ TEST(EdgeBuilder, SendsSmoothAndWeaklyStyledFacesToTheSilhouettes) {
     }
 }
 
-template <class T> T& element(const LIST& list, int k) {
-    return static_cast<T*>(list.data.get())[k];
-}
-
 TEST(EdgeBuilder, DrawsLessOfBadRecords) {
     const struct {
         const char* name;

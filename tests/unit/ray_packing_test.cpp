@@ -327,23 +327,19 @@ TEST(RayPacking, ReadsNothingPastTheHostsLists) {
     } rows[] = {
         {"cluster past the faces",
          [](SceneFixture& f) {
-             const LIST index = f.geometry().clusters.index;
-             static_cast<INDEX*>(index.data.get())[0] = {1, 1000000};
+             element<INDEX>(f.geometry().clusters.index, 0) = INDEX{1, 1000000};
          }},
         {"cluster before the faces",
          [](SceneFixture& f) {
-             const LIST index = f.geometry().clusters.index;
-             static_cast<INDEX*>(index.data.get())[0] = {-5, 7};
+             element<INDEX>(f.geometry().clusters.index, 0) = INDEX{-5, 7};
          }},
         {"triangle bytes past their list",
          [](SceneFixture& f) {
-             const LIST index = f.geometry().faceTriangles.index;
-             static_cast<INDEX*>(index.data.get())[1] = {36, 0x7fffffff};
+             element<INDEX>(f.geometry().faceTriangles.index, 1) = INDEX{36, 0x7fffffff};
          }},
         {"triangle bytes of half a triangle",
          [](SceneFixture& f) {
-             const LIST index = f.geometry().faceTriangles.index;
-             static_cast<INDEX*>(index.data.get())[0] = {0, 35};
+             element<INDEX>(f.geometry().faceTriangles.index, 0) = INDEX{0, 35};
          }},
         {"texture coordinates past their list",
          [](SceneFixture& f) { f.face(1).texCoordIndex = 0x7ffffffe; }},
