@@ -3,17 +3,11 @@
 #include "gl/photo_fixture.h"
 #include "gl/shadow_fixture.h"
 
-#include <cmath>
-#include <cstdlib>
-#include <fstream>
-
 namespace ogl {
 namespace {
 
 using test::Bitmap;
-using test::isNear;
 using test::Picture;
-using test::Pixel;
 using test::plate;
 
 /// Boxes on a floor, seen from the side, with all kinds of light and glass.
@@ -52,22 +46,6 @@ class DeferredBitmapTest : public test::PhotoTest {
     }
 };
 
-/// Writes pictures side by side into the folder that OGL_TEST_PICTURES names, for looking at.
-void keep(const char* name, const Bitmap& a, const Bitmap& b, int width, int height) {
-    const char* folder = std::getenv("OGL_TEST_PICTURES");
-    if (folder == nullptr)
-        return;
-    std::ofstream file(std::string(folder) + "/" + name + ".ppm", std::ios::binary);
-    file << "P6 " << 2 * width << ' ' << height << " 255\n";
-    for (int y = height - 1; y >= 0; --y)
-        for (const Bitmap* bitmap : {&a, &b})
-            for (int x = 0; x < width; ++x) {
-                const Pixel p = bitmap->at(x, y);
-                for (const int channel : {p.red, p.green, p.blue})
-                    file.put(static_cast<char>(channel));
-            }
-}
-
 TEST_F(DeferredBitmapTest, ABitmapOfTheViewsSizeIsTheWindowsFrame) {
     scene_->scene().aoStrength = 80;
     for (const bool fxaa : {false, true}) {
@@ -78,22 +56,10 @@ TEST_F(DeferredBitmapTest, ABitmapOfTheViewsSizeIsTheWindowsFrame) {
         for (const int bits : {24, 32}) {
             const Bitmap bitmap(kViewSize, kViewSize, bits);
             drawInto(bitmap, kViewSize, kViewSize);
-            int different = 0;
-            for (int y = 0; y < kViewSize; ++y)
-                for (int x = 0; x < kViewSize; ++x)
-                    different += !isNear(bitmap.at(x, y), picture.at(x, y), 0);
-            EXPECT_EQ(different, 0) << bits << " bits, FXAA " << fxaa;
+            EXPECT_EQ(test::differences(bitmap, picture, kViewSize, kViewSize), 0)
+                << bits << " bits, FXAA " << fxaa;
         }
     }
-}
-
-/// Pixels of two pictures that differ by more than the tolerance.
-int differences(const Bitmap& a, const Bitmap& b, int width, int height, int tolerance) {
-    int count = 0;
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x)
-            count += !isNear(a.at(x, y), b.at(x, y), tolerance);
-    return count;
 }
 
 TEST_F(DeferredBitmapTest, TilesMakeThePictureOfOneFrame) {
@@ -120,8 +86,8 @@ TEST_F(DeferredBitmapTest, TilesMakeThePictureOfOneFrame) {
         drawInto(whole, kWidth, kHeight);
         const Bitmap tiled(kWidth, kHeight, 24);
         drawInto(tiled, 200, 120); // tiles of 120 x 120 that keep 30 x 30
-        keep(row.name, whole, tiled, kWidth, kHeight);
-        EXPECT_LE(differences(whole, tiled, kWidth, kHeight, row.tolerance), row.most) << row.name;
+        EXPECT_LE(test::differences(whole, tiled, kWidth, kHeight, row.tolerance), row.most)
+            << row.name;
         scene.lightFlags = before;
     }
 }
@@ -139,9 +105,8 @@ TEST_F(DeferredBitmapTest, SketchesHaveNoSeams) {
     drawInto(whole, kSide, kSide);
     const Bitmap tiled(kSide, kSide, 32);
     drawInto(tiled, 200, 160);
-    keep("sketch", whole, tiled, kSide, kSide);
     // The noise is stretched a little, which moves lines by less than a pixel.
-    EXPECT_LE(differences(whole, tiled, kSide, kSide, 40), kSide * kSide / 50);
+    EXPECT_LE(test::differences(whole, tiled, kSide, kSide, 40), kSide * kSide / 50);
 }
 
 TEST_F(DeferredBitmapTest, WithoutABitmapOrAViewNothingIsDrawn) {

@@ -4,7 +4,6 @@
 // The deferred renderer's image passes: what they read, where they draw and what they leave.
 #include "deferred/blur_pass.h"
 #include "deferred/composite_pass.h"
-#include "deferred/edge_mask_pass.h"
 #include "deferred/fxaa_pass.h"
 #include "deferred/sketch_pass.h"
 #include "gl/deferred_bench.h"
@@ -37,24 +36,6 @@ class DeferredPassTest : public test::DeferredBench {
     std::vector<Texel> plain(Texel value) const { return std::vector<Texel>(pixels(), value); }
     size_t indexOf(int x, int y) const { return static_cast<size_t>(y * width_ + x); }
 };
-
-TEST_F(DeferredPassTest, TheEdgeMaskShowsWhereObjectsMeet) {
-    fill([](int x, int y) {
-        Surface s;
-        s.place = {0.001f * static_cast<float>(x), 0.001f * static_cast<float>(y), 0};
-        s.id = x < 8 ? 1.0f : 2.0f;
-        return s;
-    });
-    writeTexels(*targets_.edgeTarget, 0, plain({1, 1, 1, 1}));
-    EdgeMaskPass{program(kImgEdge), frame()}.draw();
-    expectNeutralState();
-    const auto mask = texelsOf(*targets_.edgeTarget, 0);
-    const float edge = std::pow(0.375f * 0.33333f, 0.2f); // three of eight neighbours differ
-    for (int y = 0; y < height_; ++y)
-        for (int x = 0; x < width_; ++x)
-            EXPECT_NEAR(mask[indexOf(x, y)][3], x == 7 || x == 8 ? edge : 0.0f, kBytePrecision)
-                << x << ", " << y;
-}
 
 TEST_F(DeferredPassTest, TheBlurGoesFromOneAttachmentToTheOther) {
     std::vector<Texel> light = plain({0.25f, 0.5f, 0.75f, 0.125f});

@@ -2,10 +2,8 @@
 // SPDX-License-Identifier: MIT
 //
 // The deferred renderer's light passes: which lights they add, and that they add up.
-#include "deferred/point_pass.h"
 #include "deferred/portal_pass.h"
 #include "deferred/spot_pass.h"
-#include "deferred/sun_pass.h"
 #include "gl/deferred_bench.h"
 #include "gl/shading_formulas.h"
 
@@ -106,52 +104,6 @@ class LightPassTest : public test::DeferredBench {
     GLTexture jitter_;
     ShadowSamples samples_{};
 };
-
-TEST_F(LightPassTest, TheSunShinesUnlessItsMapShadows) {
-    const Vec3 down = normalized({0.6f, 0, -0.8f});
-    const Box bounds{{-1, -1, -1}, {3, 1, 1}};
-    SunLight sun(bounds, down, kColor);
-    const struct {
-        const char* name;
-        bool shadows;
-        float depth;
-        float light;
-    } rows[] = {
-        {"without shadows", false, 0.0f, 0.8f},
-        {"lit", true, 1.0f, 0.8f},
-        {"all in the shadow", true, 0.0f, 0.0f},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        startOver();
-        setDepth(sun, row.depth);
-        SunPass{program(kImgSunlight), frame(), &sun, shadows(row.shadows)}.draw();
-        expectNeutralState();
-        expectAdded(3, kColor * row.light);
-        float matrix[16] = {};
-        glActiveTexture(GL_TEXTURE5);
-        glGetFloatv(GL_TEXTURE_MATRIX, matrix);
-        glActiveTexture(GL_TEXTURE0);
-        EXPECT_EQ(matrix[0], 1.0f);
-    }
-    startOver();
-    SunPass{program(kImgSunlight), frame(), nullptr, shadows(true)}.draw();
-    expectAdded(3, {});
-}
-
-TEST_F(LightPassTest, PointLightsAddUpAndOthersAreLeftAlone) {
-    Lights lights;
-    lights.push_back(pointAt({0, 0, 1}, kColor));
-    lights.push_back(spotAt(1, 0.1f, 0));
-    lights.push_back(portalAbove(1));
-    lights.push_back(pointAt({0, 0, 2}, {1, 1, 1}));
-    PointPass{program(kImgPointlight), frame(), lights}.draw();
-    expectNeutralState();
-    expectAdded(0, kColor * (1 / 1.02f) + Vec3{1, 1, 1} * (1 / 4.02f));
-    // At a distance of 1 from the axis: angles of 45 and 26.6 degrees.
-    const float second = 2 / std::sqrt(5.0f) / 5.02f;
-    expectAdded(4, kColor * (std::sqrt(0.5f) / 2.02f) + Vec3{second, second, second});
-}
 
 TEST_F(LightPassTest, SpotLightsShineInTheirCones) {
     for (const bool attenuated : {false, true}) {

@@ -8,28 +8,14 @@
 #include "gl/occlusion_corner.h"
 #include "gpu/texture.h"
 
-#include <random>
-
 namespace ogl {
 namespace {
 
 using test::expectTexel;
-using test::KnownMap;
 using test::OcclusionCorner;
 using test::Texel;
 
 constexpr float kAmbient = 0.5f;
-
-KnownMap randomSeeds() {
-    std::mt19937 random(3);
-    const auto part = [&] { return static_cast<float>(random() % 2001u) / 1000.0f - 1.0f; };
-    KnownMap map{kSeedColumns, kSeedRows, {}};
-    for (int i = 0; i < kSeedColumns * kSeedRows; ++i) {
-        const Vec3 d = normalized({part(), part(), std::abs(part()) + 0.1f});
-        map.texels.push_back({d.x, d.y, d.z, 0});
-    }
-    return map;
-}
 
 class OcclusionTest : public test::DeferredBench {
   protected:
@@ -65,33 +51,6 @@ class OcclusionTest : public test::DeferredBench {
         EXPECT_GT(corner.nearestBorder, 1e-6f);
     }
 };
-
-TEST_F(OcclusionTest, TheProgramTakesTheSameSamplesAsTheCpu) {
-    OcclusionCorner corner;
-    corner.seeds = randomSeeds();
-    fillGBuffer(corner.samples());
-    ShaderProgram& program = use(kImgAO);
-    const char* samplers[] = {"posTex", "normTex", "seedTexture", "tmpTex"};
-    for (int unit = 0; unit < 4; ++unit)
-        program.setInt(samplers[unit], unit);
-    const Matrix4f projection = OcclusionCorner::projection();
-    program.setMat4("modviewprojMat", projection.m);
-    program.setFloat("sampleRadius", corner.radius);
-    program.setFloat("strength", corner.strength);
-    program.setInt("sampleCount", corner.count);
-    program.setInt("numAASamples", 2);
-    program.setFloat("patternSize", 4);
-    program.setFloat("ambientFac", kAmbient);
-    program.setVec2("posTexSize", static_cast<float>(width_), static_cast<float>(height_));
-    const GLTexture seeds =
-        makeTexture(GL_TEXTURE_RECTANGLE, kSeedColumns, kSeedRows, corner.seeds.texels);
-    const GLTexture edges = makeTexture(GL_TEXTURE_2D, width_, height_, mask());
-    bindGBuffer(0, 0);
-    bindGBuffer(1, 1);
-    bindTexture(2, TextureKind::Rectangle, seeds.name(), GL_NEAREST, 1.0f);
-    bindTexture(3, TextureKind::Repeating, edges.name(), GL_NEAREST, 1.0f);
-    expectCorner(draw(), corner, 1e-3f);
-}
 
 TEST_F(OcclusionTest, ThePassFillsBothAttachmentsForTheCamera) {
     constexpr float kOcclusion = 0.8f;
