@@ -3,7 +3,6 @@
 #include "gl/window_fixture.h"
 #include "platform/pixel_format.h"
 
-
 #include <gtest/gtest.h>
 
 using namespace ogl::test;

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "gl/window_fixture.h"
 
-
 #include <gtest/gtest.h>
 
 #include <atomic>

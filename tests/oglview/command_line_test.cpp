@@ -18,6 +18,7 @@ Request read(const std::string& line) {
     for (std::string word; stream >> word;)
         words.push_back(word);
     std::vector<const char*> arguments;
+    arguments.reserve(words.size());
     for (const std::string& word : words)
         arguments.push_back(word.c_str());
     return readCommandLine(static_cast<int>(arguments.size()), arguments.data());
