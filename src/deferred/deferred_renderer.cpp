@@ -126,6 +126,10 @@ void DeferredRenderer::rebuildLights() {
     buildPortals();
     lights_ = lightsOf(*scene, portals_);
     shadowsDirty_ = true;
+    if (std::ranges::any_of(lights_, [](const auto& light) {
+            return light->kind == LightKind::Spot && light->castsShadow == 0;
+        }))
+        errorLog->writeOnce("Error", "Too many spot lights for shadows", "");
 }
 
 void DeferredRenderer::updateLights() {

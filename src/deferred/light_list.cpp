@@ -74,6 +74,13 @@ std::unique_ptr<Light> portalLight(const PortalRecord& portal) {
     return light;
 }
 
+void limitSpotShadows(const LightList& lamps) {
+    int shadows = 0;
+    for (const auto& lamp : lamps)
+        if (lamp->castsShadow != 0 && ++shadows > kMostSpotShadows)
+            lamp->castsShadow = 0;
+}
+
 } // namespace
 
 LightList lightsOf(const SCENE& scene, std::span<const PortalRecord> portals) {
@@ -82,6 +89,7 @@ LightList lightsOf(const SCENE& scene, std::span<const PortalRecord> portals) {
     for (int i = kFirstLamp; i < records.size(); ++i)
         lights.push_back(lampOf(records[i]));
     std::erase(lights, nullptr);
+    limitSpotShadows(lights);
     for (const PortalRecord& portal : portals)
         lights.push_back(portalLight(portal));
     return lights;

@@ -64,7 +64,10 @@ void LightPass::setShadows(const ShadowStyle& style) {
 }
 
 void LightPass::bindShadowMap(const ShadowLight& light) {
-    if (shadows_)
+    if (!shadows_)
+        return;
+    program_.setInt("useShadow", light.castsShadow);
+    if (light.castsShadow != 0)
         light.bindShadowMap(kShadowUnit);
 }
 

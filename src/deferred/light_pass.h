@@ -33,7 +33,7 @@ class LightPass {
 
     /// For programs with shadows.
     void setShadows(const ShadowStyle& style);
-    /// The shadow map of the next light; nothing when shadows are off.
+    /// The shadow map of the next light, if it has one; nothing when shadows are off.
     void bindShadowMap(const ShadowLight& light);
     /// Adds the light that the program's uniforms describe.
     void add();

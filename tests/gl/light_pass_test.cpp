@@ -123,8 +123,11 @@ TEST_F(LightPassTest, SpotLightsShineInTheirCones) {
         SCOPED_TRACE(depth);
         startOver();
         setDepth(static_cast<ShadowLight&>(*lights[0]), depth);
+        lights.push_back(spotAt(2, 0.5f, 0)); // without a map of its own
+        lights.back()->castsShadow = 0;
         SpotPass{program(kImgSpotlight), frame(), lights, shadows(true)}.draw();
-        expectAdded(0, kColor * depth);
+        expectAdded(0, kColor * (depth + 1));
+        lights.pop_back();
     }
 }
 

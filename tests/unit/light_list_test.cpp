@@ -78,6 +78,14 @@ TEST_F(LightListTest, RecordsThatDescribeNoLightAreLeftOut) {
     }
 }
 
+TEST_F(LightListTest, OnlySoManySpotsThrowShadows) {
+    std::vector<LIGHT> records(kMostSpotShadows + 2, lamp(2, {}, {0, 0, -1}, 45));
+    records[0].kind = 1;
+    const LightList lights = lightsFrom(records);
+    for (size_t i = 0; i < records.size(); ++i)
+        EXPECT_EQ(lights[i]->castsShadow, i == 0 || i > kMostSpotShadows ? 0 : 1) << i;
+}
+
 TEST_F(LightListTest, PortalsFollowTheLamps) {
     const PortalRecord portal{0, 2, {1, 2, 3}, {0, 1, 0}, {2, 0, 0}, {0, 0, 1}};
     scene_.addLight({});
