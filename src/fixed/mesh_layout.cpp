@@ -2,24 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "fixed/mesh_layout.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace ogl {
-
-namespace {
-
-/// Numbers of the batches by material, and in their order within a material: a counting sort.
-std::vector<size_t> orderByMaterial(std::span<const BatchSize> sizes, int materialCount) {
-    std::vector<size_t> next(static_cast<size_t>(materialCount) + 1, 0);
-    for (const BatchSize& size : sizes)
-        ++next[static_cast<size_t>(size.material) + 1];
-    for (size_t m = 1; m < next.size(); ++m)
-        next[m] += next[m - 1];
-    std::vector<size_t> order(sizes.size());
-    for (size_t i = 0; i < sizes.size(); ++i)
-        order[next[static_cast<size_t>(sizes[i].material)]++] = i;
-    return order;
-}
-
-} // namespace
 
 void MeshLayout::add(int object, std::span<const BatchSize> sizes) {
     objects_.push_back({object, sizes_.size(), sizes.size()});
@@ -29,12 +15,34 @@ void MeshLayout::add(int object, std::span<const BatchSize> sizes) {
 void MeshLayout::place(int materialCount) {
     places_.assign(sizes_.size(), {});
     bufferSizes_.clear();
-    for (const size_t i : orderByMaterial(sizes_, materialCount)) {
-        const int count = sizes_[i].vertexCount;
-        if (bufferSizes_.empty() || count > kMostSharedVertices - bufferSizes_.back())
-            bufferSizes_.push_back(0);
-        places_[i] = {static_cast<int>(bufferSizes_.size()) - 1, bufferSizes_.back()};
-        bufferSizes_.back() += count;
+    std::vector<int> next(static_cast<size_t>(materialCount));
+    size_t first = 0;
+    while (first < sizes_.size()) {
+        int size = 0;
+        size_t end = first;
+        while (end < sizes_.size() &&
+               (end == first || sizes_[end].vertexCount <= kMostSharedVertices - size))
+            size += sizes_[end++].vertexCount;
+        bufferSizes_.push_back(size);
+        placeRun(first, end, next);
+        first = end;
+    }
+}
+
+/// Places batches `first` to `end - 1` in the newest buffers. `next`: scratch, one per material.
+void MeshLayout::placeRun(size_t first, size_t end, std::vector<int>& next) {
+    std::ranges::fill(next, 0);
+    const auto nextOf = [&](size_t batch) -> int& {
+        return next[static_cast<size_t>(sizes_[batch].material)];
+    };
+    for (size_t i = first; i < end; ++i)
+        nextOf(i) += sizes_[i].vertexCount;
+    int start = 0;
+    for (int& count : next)
+        start += std::exchange(count, start);
+    for (size_t i = first; i < end; ++i) {
+        places_[i] = {static_cast<int>(bufferSizes_.size()) - 1, nextOf(i)};
+        nextOf(i) += sizes_[i].vertexCount;
     }
 }
 

@@ -3,7 +3,7 @@
 #include "fixed/scene_batches.h"
 
 #include "fixed/edge_builder.h"
-#include "fixed/mesh_layout.h"
+#include "fixed/mesh_upload.h"
 #include "fixed/texture_preparation.h"
 #include "render/process_state.h"
 #include "render/renderer.h"
@@ -42,9 +42,7 @@ void buildMeshes(const SCENE& scene, const VIEW& view, Box& bounds) {
             if (const auto sizes = builder.batchSizes(k); !sizes.empty())
                 layout.add(k, sizes);
     layout.place(lists.materials.size());
-    std::vector<MeshBuffers> buffers;
-    for (const int size : layout.bufferSizes())
-        buffers.push_back(MeshBuffers::withRoomFor(size));
+    MeshUpload upload(layout);
     for (size_t i = 0; i < layout.objectCount(); ++i) {
         const MeshLayout::ObjectPlaces placed = layout.object(i);
         MeshBatchList* list = makeMeshBatchList();
@@ -52,13 +50,11 @@ void buildMeshes(const SCENE& scene, const VIEW& view, Box& bounds) {
             continue;
         cacheEntry(view, placed.object)->meshBatches = list;
         list->batches = builder.build(placed.object, placed.sizes, bounds);
-        for (size_t b = 0; b < placed.places.size(); ++b) {
-            const MeshPlace& place = placed.places[b];
-            list->batches[b]->uploadInto(buffers[static_cast<size_t>(place.buffers)], place.first,
-                                         GL_TRIANGLES);
-        }
+        for (size_t b = 0; b < placed.places.size(); ++b)
+            upload.add(*list->batches[b], placed.places[b]);
         builder.reclaim(list->batches);
     }
+    upload.finish();
 }
 
 void buildEdges(const EdgeBuilder& builder, int object, CACHEENTRY& entry, ColorVertexArray& edges,

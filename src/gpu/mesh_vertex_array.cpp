@@ -9,17 +9,10 @@ namespace {
 /// The new buffer of an upload, or the old one when there is nothing to upload.
 void refill(SharedBuffer& buffer, const Vec3Array& elements) {
     if (!elements.empty())
-        buffer = makeFilledBuffer(std::as_bytes(std::span(elements)));
+        buffer = makeBuffer(std::as_bytes(std::span(elements)));
 }
 
 } // namespace
-
-MeshBuffers MeshBuffers::withRoomFor(int vertexCount) {
-    const size_t size = static_cast<size_t>(vertexCount) * sizeof(Vec3);
-    MeshBuffers buffers{makeBuffer(size), makeBuffer(size), makeBuffer(size), makeBuffer(size)};
-    glBindBuffer(GL_ARRAY_BUFFER, 0);
-    return buffers;
-}
 
 void MeshVertexArray::upload(unsigned mode, unsigned usage) {
     refill(normalBuffer, normals);
@@ -29,17 +22,12 @@ void MeshVertexArray::upload(unsigned mode, unsigned usage) {
     VertexArray::upload(mode, usage);
 }
 
-void MeshVertexArray::uploadInto(const MeshBuffers& buffers, int first, unsigned mode) {
-    const auto write = [first](const SharedBuffer& shared, const Vec3Array& elements) {
-        writeBuffer(*shared, static_cast<size_t>(first) * sizeof(Vec3),
-                    std::as_bytes(std::span(elements)));
-        return shared;
-    };
-    normalBuffer = write(buffers.normals, normals);
-    tangentBuffer = write(buffers.tangents, tangents);
-    texCoordBuffer = write(buffers.texCoords, texCoords);
+void MeshVertexArray::place(const MeshBuffers& buffers, int first, unsigned mode) {
+    positionBuffer = buffers.positions;
+    normalBuffer = buffers.normals;
+    tangentBuffer = buffers.tangents;
+    texCoordBuffer = buffers.texCoords;
     clearUploaded();
-    positionBuffer = write(buffers.positions, positions);
     placeUploaded(mode, first);
 }
 

@@ -6,12 +6,9 @@
 
 namespace ogl {
 
-/// Buffers with room for the vertices of many meshes.
+/// Buffers with the vertices of many meshes.
 struct MeshBuffers {
     SharedBuffer positions, normals, tangents, texCoords;
-
-    /// Makes the buffers, whose contents are unset.
-    static MeshBuffers withRoomFor(int vertexCount);
 };
 
 /// The surface of one object in one material. Surfaces that lie in the same buffers can be drawn
@@ -20,9 +17,8 @@ class MeshVertexArray : public VertexArray {
   public:
     /// Into buffers of its own.
     void upload(unsigned mode, unsigned usage = GL_STATIC_DRAW) override;
-    /// Into vertices `first` and following of buffers that have room for them. Every array has as
-    /// many elements as there are positions.
-    void uploadInto(const MeshBuffers& buffers, int first, unsigned mode);
+    /// Instead of an upload: all arrays are in these buffers already, from vertex `first` on.
+    void place(const MeshBuffers& buffers, int first, unsigned mode);
     void bind(unsigned flags) const override;
     void unbind() const override;
     /// Meshes are drawn as triangles only: does nothing.
@@ -33,7 +29,7 @@ class MeshVertexArray : public VertexArray {
     void bindTexCoords(int unit) const;
     static void unbindTexCoords(int unit);
 
-    // Empty after an upload.
+    // Empty after upload() and place().
     Vec3Array normals;
     Vec3Array tangents;
     Vec3Array texCoords; ///< u, v, 0

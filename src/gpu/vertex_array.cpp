@@ -56,7 +56,7 @@ void VertexArray::placeUploaded(unsigned mode, int first) {
 
 void VertexArray::upload(unsigned mode, unsigned) {
     if (!positions.empty())
-        positionBuffer = makeFilledBuffer(std::as_bytes(std::span(positions)));
+        positionBuffer = makeBuffer(std::as_bytes(std::span(positions)));
     placeUploaded(mode, 0);
 }
 
@@ -132,7 +132,7 @@ void VertexArray::drawWithin(const ViewVolume* volume, unsigned drawFlags, unsig
 
 void ColorVertexArray::upload(unsigned mode, unsigned usage) {
     if (!colors.empty())
-        colorBuffer = makeFilledBuffer(std::as_bytes(std::span(colors)));
+        colorBuffer = makeBuffer(std::as_bytes(std::span(colors)));
     colors.clear();
     VertexArray::upload(mode, usage);
 }

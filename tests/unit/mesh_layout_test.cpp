@@ -24,19 +24,23 @@ TEST(MeshLayout, PutsAMaterialsBatchesSideBySideInTheOrderOfTheObjects) {
     layout.place(6);
     EXPECT_EQ(placesOf(layout), (std::vector<std::pair<int, int>>{
                                     {0, 0}, {0, 54}, {0, 3}, {0, 12}, {0, 42}, {0, 60}}));
-    EXPECT_EQ(layout.bufferSizes(), std::vector<int>{120});
+    EXPECT_EQ(layout.bufferSize(0), 120);
     EXPECT_EQ(layout.object(2).object, 9);
 }
 
 TEST(MeshLayout, StartsNewBuffersForWhatDoesNotFit) {
     constexpr int kMost = kMostSharedVertices;
     MeshLayout layout;
-    layout.add(0, std::vector<BatchSize>{{0, kMost - 3}, {1, 3}, {2, 3 * kMost}});
-    layout.add(1, std::vector<BatchSize>{{2, 3}});
+    layout.add(0, std::vector<BatchSize>{{1, kMost - 3}});
+    layout.add(1, std::vector<BatchSize>{{0, 3}, {2, 3 * kMost}});
+    layout.add(2, std::vector<BatchSize>{{0, 3}, {1, 6}});
+    layout.add(3, std::vector<BatchSize>{{0, 9}});
     layout.place(3);
     EXPECT_EQ(placesOf(layout),
-              (std::vector<std::pair<int, int>>{{0, 0}, {0, kMost - 3}, {1, 0}, {2, 0}}));
-    EXPECT_EQ(layout.bufferSizes(), (std::vector<int>{kMost, 3 * kMost, 3}));
+              (std::vector<std::pair<int, int>>{{0, 3}, {0, 0}, {1, 0}, {2, 0}, {2, 12}, {2, 3}}));
+    EXPECT_EQ(layout.bufferSize(0), kMost);
+    EXPECT_EQ(layout.bufferSize(1), 3 * kMost);
+    EXPECT_EQ(layout.bufferSize(2), 18);
 }
 
 } // namespace
