@@ -38,6 +38,7 @@ PicturePart partOf(const PerspectiveCamera& camera) {
 
 DeferredRenderer::DeferredRenderer(RenderContext& creator) : ShadowRenderer(creator) {
     kind = kDeferredRenderer;
+    batches_.leaveEdgesOut();
 }
 
 DeferredRenderer::~DeferredRenderer() = default;

@@ -164,25 +164,20 @@ void SceneBatches::rebuildAll(Renderer& renderer, const Box& emptyBounds) {
     edgeBatch_ = std::make_unique<ColorVertexArray>();
     silhouetteBatch_ = std::make_unique<ColorVertexArray>();
 
-    const SceneLists lists(scene);
-    const EdgeBuilder edgeBuilder(scene, {.silhouettes = renderer.drawFaces != 0});
-    edgeBuilder.reserve(count, *edgeBatch_, silhouetteBatch_.get());
     for (int k = 0; k < count; ++k) {
         CACHEENTRY& entry = *cacheEntry(*view, k);
-        releaseBatchesOf(entry);
+        if (withEdges_)
+            releaseBatchesOf(entry);
+        else
+            releaseMeshBatches(entry.meshBatches);
         entry.changeFlags &= ~kObjectChanged;
-        if (lists.isDrawn(k))
-            buildEdges(edgeBuilder, k, entry, *edgeBatch_, *silhouetteBatch_);
     }
-    if (view != nullptr)
+    if (view != nullptr) {
         buildMeshes(scene, *view, renderer.sceneBounds);
-    if (!edgeBatch_->positions.empty())
-        edgeBatch_->upload(GL_LINES);
-    if (!silhouetteBatch_->positions.empty())
-        silhouetteBatch_->upload(GL_TRIANGLES);
-    if (view != nullptr)
-        meshes_.collect(*view, lists.materials.size());
-
+        meshes_.collect(*view, materialCount(scene));
+        if (withEdges_)
+            rebuildEdges(scene, *view, renderer.drawFaces != 0);
+    }
     builtScene_ = &scene;
     silhouettesBuilt_ = renderer.drawFaces != 0;
     ++generation_;
@@ -192,20 +187,18 @@ void SceneBatches::rebuildAll(Renderer& renderer, const Box& emptyBounds) {
     processState().sceneChanged = 0;
 }
 
-void SceneBatches::rebuildMeshesOnly(Renderer& renderer) {
-    const SCENE& scene = *renderer.scene;
-    VIEW* view = viewOf(scene);
-    meshes_.clear();
-    ++generation_;
-    if (view == nullptr)
-        return;
-    for (int k = 0; k < cacheEntryCount(*view); ++k) {
-        CACHEENTRY& entry = *cacheEntry(*view, k);
-        releaseMeshBatches(entry.meshBatches);
-        entry.changeFlags &= ~kObjectChanged;
-    }
-    buildMeshes(scene, *view, renderer.sceneBounds);
-    meshes_.collect(*view, materialCount(scene));
+void SceneBatches::rebuildEdges(const SCENE& scene, const VIEW& view, bool withSilhouettes) {
+    const SceneLists lists(scene);
+    const EdgeBuilder builder(scene, {.silhouettes = withSilhouettes});
+    const int count = cacheEntryCount(view);
+    builder.reserve(count, *edgeBatch_, silhouetteBatch_.get());
+    for (int k = 0; k < count; ++k)
+        if (lists.isDrawn(k))
+            buildEdges(builder, k, *cacheEntry(view, k), *edgeBatch_, *silhouetteBatch_);
+    if (!edgeBatch_->positions.empty())
+        edgeBatch_->upload(GL_LINES);
+    if (!silhouetteBatch_->positions.empty())
+        silhouetteBatch_->upload(GL_TRIANGLES);
 }
 
 void SceneBatches::release() {

@@ -34,8 +34,8 @@ class SceneBatches {
     /// Builds everything of every object.
     void rebuildAll(Renderer& renderer, const Box& emptyBounds);
 
-    /// Builds only the surfaces of every object and clears the objects' change marks.
-    void rebuildMeshesOnly(Renderer& renderer);
+    /// From now on no edges and silhouettes are built: for renderers that draw none.
+    void leaveEdgesOut() { withEdges_ = false; }
 
     /// Destroys the edges and silhouettes. The surfaces stay with the host.
     void release();
@@ -53,6 +53,7 @@ class SceneBatches {
     bool isBuiltFrom(const Renderer& renderer) const;
     void setPreview(bool on);
     void refreshPreview(Renderer& renderer, VIEW& view);
+    void rebuildEdges(const SCENE& scene, const VIEW& view, bool withSilhouettes);
 
     std::unique_ptr<ColorVertexArray> edgeBatch_;
     std::unique_ptr<ColorVertexArray> silhouetteBatch_;
@@ -61,6 +62,7 @@ class SceneBatches {
     const SCENE* builtScene_ = nullptr; ///< only compared, never read
     bool silhouettesBuilt_ = false;     ///< or all outlines are among the edges
     int generation_ = 0;
+    bool withEdges_ = true;
     bool twoSided_ = false; ///< kGeometryTwoSided at the last build
     bool preview_ = false;  ///< the preview record is drawn instead of the scene
 };
