@@ -166,7 +166,8 @@ int ShadowRenderer::drawToWindow(const GLSurface& surface) {
     if (scene == nullptr)
         return 1;
     deleteReleasedObjects();
-    if (batches_.refresh(*this, Box{}))
+    batches_.refresh(*this, Box{});
+    if (std::exchange(portalGeneration_, batches_.generation()) != batches_.generation())
         buildPortals();
     noticeChanges();
     if (objectCount == 0)

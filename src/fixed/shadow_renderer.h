@@ -85,6 +85,7 @@ class ShadowRenderer : public Renderer {
     void drawPlan(HBITMAP bitmap);
 
     int builtGeneration_ = 0; ///< of the batches that the shadow map shows
+    int portalGeneration_ = 0; ///< of the batches that the portals were found with
 };
 
 } // namespace ogl
