@@ -84,7 +84,7 @@ class ShadowRenderer : public Renderer {
     EdgeStyle edgeStyleOfFrame() const;
     void drawPlan(HBITMAP bitmap);
 
-    int builtGeneration_ = 0; ///< of the batches that the shadow map shows
+    int builtGeneration_ = 0;  ///< of the batches that the shadow map shows
     int portalGeneration_ = 0; ///< of the batches that the portals were found with
 };
 
