@@ -8,7 +8,9 @@
 
 namespace ogl {
 
-/// Draws the opaque surfaces of a scene with the G-buffer's program, material by material.
+/// Draws the opaque surfaces of a scene with the G-buffer's program, material by material: a frame
+/// binds each material once, however many objects use it. Where surfaces of different materials
+/// coincide, the one of the later material shows.
 struct OpaqueSurfaces {
     const Renderer& renderer;
     const DrawLists& meshes;
