@@ -11,8 +11,6 @@ namespace ogl::host {
 
 namespace {
 
-constexpr double kPi = std::numbers::pi;
-
 uint8_t byteOf(double v) {
     return static_cast<uint8_t>(std::lround(std::clamp(v, 0.0, 1.0) * 255.0));
 }
@@ -130,8 +128,8 @@ Texture woodGrain() {
 
 Texture wovenFabric() {
     const auto tone = [](double u, double v) {
-        const double warp = std::sin(u * kPi * 64.0);
-        const double weft = std::sin(v * kPi * 64.0);
+        const double warp = std::sin(u * std::numbers::pi * 64.0);
+        const double weft = std::sin(v * std::numbers::pi * 64.0);
         const double thread = 0.5 + 0.25 * (warp * weft) + 0.15 * noise(u * 64.0, v * 64.0, 64);
         return mix({0.42, 0.47, 0.52}, {0.58, 0.62, 0.66}, thread);
     };
@@ -180,7 +178,7 @@ Texture leaf() {
     // The edge of the leaf is finely notched.
     const auto mask = [](double u, double v) {
         const double side = std::fabs(u - 0.5) * 2.0;
-        const double edge = 0.93 + 0.06 * std::sin(v * kPi * 36.0);
+        const double edge = 0.93 + 0.06 * std::sin(v * std::numbers::pi * 36.0);
         return side < edge ? Tone{1.0, 1.0, 1.0} : Tone{};
     };
     return {"leaf",

@@ -9,8 +9,6 @@ namespace ogl::host {
 
 namespace {
 
-constexpr double kPi = std::numbers::pi;
-
 /// A free-standing tub of 0.8 x 1.75 m; origin in its middle.
 void addTub(const FlatSite& flat, const Frame& frame) {
     MeshBrush brush(frame);
@@ -24,7 +22,7 @@ void addTub(const FlatSite& flat, const Frame& frame) {
     brush.setPaint(flat.paints.steel);
     std::vector<Vec3> tap{{0.55, 0.3, 0.0}, {0.55, 0.3, 0.85}};
     for (int i = 1; i <= 8; ++i) {
-        const double a = kPi * 0.75 * i / 8;
+        const double a = std::numbers::pi * 0.75 * i / 8;
         tap.push_back({0.55 - 0.1 + 0.1 * std::cos(a), 0.3, 0.85 + 0.1 * std::sin(a)});
     }
     brush.tube(tap, 0.014, 16);
@@ -74,7 +72,7 @@ void addVanity(const FlatSite& flat, const Frame& frame) {
     brush.setPaint(p.steel);
     std::vector<Vec3> tap{{kWidth * 0.5, 0.045, 0.83}, {kWidth * 0.5, 0.045, 1.03}};
     for (int i = 1; i <= 8; ++i) {
-        const double a = kPi * 0.7 * i / 8;
+        const double a = std::numbers::pi * 0.7 * i / 8;
         tap.push_back({kWidth * 0.5, 0.045 + 0.07 - 0.07 * std::cos(a), 1.03 + 0.07 * std::sin(a)});
     }
     brush.tube(tap, 0.012, 14);

@@ -25,12 +25,11 @@ void addBed(const FlatSite& flat, const Frame& frame) {
     std::vector<Vec3> outside;
     std::vector<Vec3> inside;
     constexpr int kSteps = 8;
-    constexpr double kPi = std::numbers::pi;
     for (const double side : {1.0, -1.0}) {
         const double edge = 0.935;
         const auto bend = [&](double radius, int i) {
-            const double a =
-                side > 0.0 ? kPi * 0.5 * i / kSteps : kPi * 0.5 * (1.0 + i / double(kSteps));
+            const double a = side > 0.0 ? std::numbers::pi * 0.5 * i / kSteps
+                                        : std::numbers::pi * 0.5 * (1.0 + i / double(kSteps));
             return Vec3{side * (edge - 0.07) + radius * std::cos(a), 0.85,
                         0.465 + radius * std::sin(a)};
         };

@@ -10,7 +10,6 @@ namespace ogl::host {
 
 namespace {
 
-constexpr double kPi = std::numbers::pi;
 constexpr double kModule = 0.6;
 constexpr double kTop = 0.9;
 constexpr double kRun = 5 * kModule; ///< length of the worktop
@@ -59,7 +58,7 @@ void addSinkAndTap(const FlatSite& flat, const Frame& frame) {
                    0.003, 24);
     std::vector<Vec3> spout{{0, 0, kTop}, {0, 0, kTop + 0.24}};
     for (int i = 1; i <= 12; ++i) {
-        const double a = kPi * i / 12;
+        const double a = std::numbers::pi * i / 12;
         spout.push_back({0.0, 0.09 - 0.09 * std::cos(a), kTop + 0.24 + 0.09 * std::sin(a)});
     }
     brush.setFrame(frame.within({(kSink.x0 + kSink.x1) * 0.5, 0.07, 0.0}));
@@ -242,7 +241,7 @@ void addDining(const FlatSite& flat) {
                 40);
     brush.setPaint(p.fruit);
     for (int i = 0; i < 5; ++i) {
-        const double a = 2.0 * kPi * i / 5.0;
+        const double a = 2.0 * std::numbers::pi * i / 5.0;
         brush.sphere({0.062 * std::cos(a), 0.062 * std::sin(a), 0.078}, 0.038, 16);
     }
     flat.place("fruit bowl", brush);

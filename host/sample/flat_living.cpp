@@ -9,8 +9,6 @@ namespace ogl::host {
 
 namespace {
 
-constexpr double kPi = std::numbers::pi;
-
 /// Three seats; origin at the back left corner, the back at y = 0.
 void addSofa(const FlatSite& flat, const Frame& frame) {
     constexpr double kWidth = 2.4;
@@ -49,9 +47,9 @@ void addArmchair(const FlatSite& flat, const Frame& frame) {
     brush.setPaint(flat.paints.cushion);
     std::vector<Vec3> shell;
     constexpr int kSteps = 28;
-    constexpr double kSweep = 235.0 * kPi / 180.0;
+    constexpr double kSweep = 235.0 * std::numbers::pi / 180.0;
     const auto arc = [&](double radius, int i) {
-        const double angle = -kPi * 0.5 + (i / double(kSteps) - 0.5) * kSweep;
+        const double angle = -std::numbers::pi * 0.5 + (i / double(kSteps) - 0.5) * kSweep;
         return Vec3{std::cos(angle) * radius, std::sin(angle) * radius, 0.16};
     };
     for (int i = 0; i <= kSteps; ++i)
@@ -80,7 +78,7 @@ void addCoffeeTable(const FlatSite& flat, Vec3 at) {
         {0, 0, 0.36},
         {{0.0, 0.0}, {0.43, 0.0}, {0.45, 0.012}, {0.45, 0.022}, {0.44, 0.032}, {0.0, 0.032}}, 48);
     for (int i = 0; i < 3; ++i) {
-        const double a = 2.0 * kPi * i / 3.0 + 0.4;
+        const double a = 2.0 * std::numbers::pi * i / 3.0 + 0.4;
         const Vec3 out{std::cos(a), std::sin(a), 0.0};
         brush.tube({out * 0.36, out * 0.24 + Vec3{0, 0, 0.36}}, 0.016, 12);
     }
@@ -145,7 +143,7 @@ void addArcLamp(const FlatSite& flat, const Frame& frame) {
     std::vector<Vec3> bow{{0, 0, 0.04}, {0, 0, 1.1}};
     constexpr int kSteps = 16;
     for (int i = 1; i <= kSteps; ++i) {
-        const double a = kPi * 0.94 * i / kSteps;
+        const double a = std::numbers::pi * 0.94 * i / kSteps;
         bow.push_back({0.55 - 0.55 * std::cos(a), 0.0, 1.1 + 0.8 * std::sin(a)});
     }
     brush.tube(bow, 0.011, 12);
@@ -155,7 +153,7 @@ void addArcLamp(const FlatSite& flat, const Frame& frame) {
     brush.setPaint(flat.paints.shade);
     std::vector<Vec2> dome;
     for (int i = 0; i <= 10; ++i) {
-        const double a = kPi * 0.5 * i / 10;
+        const double a = std::numbers::pi * 0.5 * i / 10;
         dome.push_back({0.19 * std::cos(a), 0.17 * std::sin(a)});
     }
     dome.back().x = 0.012;

@@ -9,15 +9,13 @@ namespace ogl::host {
 
 namespace {
 
-constexpr double kPi = std::numbers::pi;
-
 /// An office chair; origin below its column, facing y.
 void addOfficeChair(const FlatSite& flat, const Frame& frame) {
     const FlatPaints& p = flat.paints;
     MeshBrush brush(frame);
     brush.setPaint(p.black);
     for (int i = 0; i < 5; ++i) {
-        const double a = 2.0 * kPi * i / 5.0 + 0.2;
+        const double a = 2.0 * std::numbers::pi * i / 5.0 + 0.2;
         const Vec3 out{std::cos(a), std::sin(a), 0.0};
         brush.tube({Vec3{0, 0, 0.12}, out * 0.29 + Vec3{0, 0, 0.075}}, 0.018, 10);
         brush.sphere(out * 0.29 + Vec3{0, 0, 0.032}, 0.032, 14);

@@ -9,8 +9,6 @@ namespace ogl::host {
 
 namespace {
 
-constexpr double kPi = std::numbers::pi;
-
 /// A number from 0 to 1 for the n-th of many alike things.
 double varied(int n, int what) {
     uint32_t h = static_cast<uint32_t>(n) * 2654435761u + static_cast<uint32_t>(what) * 40503u;
@@ -45,7 +43,7 @@ void addLeaf(MeshBrush& brush, Vec3 root, double direction, double size, double 
     std::vector<Vec2> uv;
     for (int r = 0; r < kRows; ++r) {
         const double t = r / double(kRows - 1);
-        const double width = size * 0.17 * std::sin(kPi * std::pow(t, 0.75)) + 0.002;
+        const double width = size * 0.17 * std::sin(std::numbers::pi * std::pow(t, 0.75)) + 0.002;
         const Vec3 spine = root + out * (size * (0.25 * t + 0.55 * t * t)) +
                            Vec3{0.0, 0.0, size * (rise * t - 0.75 * t * t * t)};
         for (int c = 0; c < kColumns; ++c) {
@@ -86,7 +84,7 @@ void addChair(MeshBrush& brush, const FlatPaints& paints, const Frame& frame) {
     std::vector<Vec3> bent;
     constexpr int kSteps = 10;
     const auto arc = [&](double radius, int i) {
-        const double angle = -kPi * 0.5 + (i / double(kSteps) - 0.5) * 0.9;
+        const double angle = -std::numbers::pi * 0.5 + (i / double(kSteps) - 0.5) * 0.9;
         return Vec3{std::cos(angle) * radius, 0.24 + std::sin(angle) * radius, kSeat + 0.24};
     };
     for (int i = 0; i <= kSteps; ++i)
@@ -189,7 +187,7 @@ void addPendant(MeshBrush& brush, const FlatPaints& paints, const Frame& frame, 
     std::vector<Vec2> profile;
     constexpr int kSteps = 10;
     for (int i = 0; i <= kSteps; ++i) {
-        const double a = kPi * 0.5 * i / kSteps;
+        const double a = std::numbers::pi * 0.5 * i / kSteps;
         profile.push_back({0.02 + (shadeRadius - 0.02) * std::cos(a), tall * std::sin(a)});
     }
     for (int i = kSteps; i >= 0; --i)
@@ -210,7 +208,8 @@ void addCurtains(MeshBrush& brush, const FlatPaints& paints, const Frame& frame,
         for (const double z : {0.03, top})
             for (int c = 0; c < kColumns; ++c) {
                 const double t = c / double(kColumns - 1);
-                const double wave = 0.035 * std::cos(t * kPi * 12.0) * (z < 1.0 ? 1.0 : 0.75);
+                const double wave =
+                    0.035 * std::cos(t * std::numbers::pi * 12.0) * (z < 1.0 ? 1.0 : 0.75);
                 points.push_back({start + kPanel * (1.0 - t), 0.1 + wave, z});
             }
         brush.sheet(points, 2, kColumns);

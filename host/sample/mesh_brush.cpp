@@ -12,8 +12,7 @@ namespace ogl::host {
 
 namespace {
 
-constexpr double kPi = std::numbers::pi;
-constexpr double kRadians = kPi / 180.0;
+constexpr double kRadians = std::numbers::pi / 180.0;
 
 /// Axes of the texture on a face with this normal: floors are seen from above, walls upright.
 struct MapAxes {
@@ -37,9 +36,9 @@ Vec3 circlePoint(double angle, double radius, double z) {
 std::vector<double> roundedAxis(double h, double radius, int steps) {
     std::vector<double> at;
     for (int i = steps; i >= 0; --i)
-        at.push_back(-h + radius - radius * std::tan(kPi * 0.25 * i / steps));
+        at.push_back(-h + radius - radius * std::tan(std::numbers::pi * 0.25 * i / steps));
     for (int i = 0; i <= steps; ++i)
-        at.push_back(h - radius + radius * std::tan(kPi * 0.25 * i / steps));
+        at.push_back(h - radius + radius * std::tan(std::numbers::pi * 0.25 * i / steps));
     return at;
 }
 
@@ -197,7 +196,7 @@ void MeshBrush::lathe(Vec3 center, const std::vector<Vec2>& profile, int segment
         const Vec2 n0 = jointNormal(own, before, smooth);
         const Vec2 n1 = jointNormal(own, after, smooth);
         const auto corner = [&](Vec2 p, Vec2 n, int i) {
-            const double angle = 2.0 * kPi * (i % segments) / segments;
+            const double angle = 2.0 * std::numbers::pi * (i % segments) / segments;
             return Corner{center + circlePoint(angle, p.x, p.y), circlePoint(angle, n.x, n.y)};
         };
         for (int i = 0; i < segments; ++i) {
@@ -221,7 +220,7 @@ void MeshBrush::sphere(Vec3 center, double radius, int segments) {
     std::vector<Vec2> profile;
     const int rings = segments / 2;
     for (int i = 0; i <= rings; ++i) {
-        const double angle = kPi * i / rings - kPi * 0.5;
+        const double angle = std::numbers::pi * i / rings - std::numbers::pi * 0.5;
         const bool pole = i == 0 || i == rings;
         profile.push_back({pole ? 0.0 : std::cos(angle) * radius, std::sin(angle) * radius});
     }
@@ -247,7 +246,7 @@ void MeshBrush::tube(const std::vector<Vec3>& path, double radius, int segments)
         const Vec3 bend = normalized(in - t * dot(in, t));
         const double stretch = 1.0 / std::max(dot(in, t), 0.3) - 1.0;
         for (int k = 0; k < segments; ++k) {
-            const Vec3 c = circlePoint(2.0 * kPi * k / segments, 1.0, 0.0);
+            const Vec3 c = circlePoint(2.0 * std::numbers::pi * k / segments, 1.0, 0.0);
             const Vec3 n = side * c.x + other * c.y;
             rings[i].push_back({path[i] + (n + bend * (dot(n, bend) * stretch)) * radius, n});
         }
@@ -358,8 +357,9 @@ std::vector<Vec3> roundedRectangle(double x0, double y0, double x1, double y1, d
         {x1 - r, y1 - r, z}, {x0 + r, y1 - r, z}, {x0 + r, y0 + r, z}, {x1 - r, y0 + r, z}};
     for (int corner = 0; corner < 4; ++corner)
         for (int i = 0; i <= steps; ++i)
-            outline.push_back(centers[corner] +
-                              circlePoint(kPi * 0.5 * (corner + i / double(steps)), r, 0.0));
+            outline.push_back(
+                centers[corner] +
+                circlePoint(std::numbers::pi * 0.5 * (corner + i / double(steps)), r, 0.0));
     return outline;
 }
 
@@ -374,7 +374,7 @@ std::vector<Vec3> uprightRectangle(double x0, double z0, double x1, double z1, d
 std::vector<Vec3> ellipse(Vec3 center, double radiusX, double radiusY, int segments) {
     std::vector<Vec3> outline;
     for (int i = 0; i < segments; ++i) {
-        const double angle = 2.0 * kPi * i / segments;
+        const double angle = 2.0 * std::numbers::pi * i / segments;
         outline.push_back(center + Vec3{std::cos(angle) * radiusX, std::sin(angle) * radiusY, 0.0});
     }
     return outline;

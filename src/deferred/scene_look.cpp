@@ -8,7 +8,6 @@ namespace ogl {
 
 namespace {
 
-constexpr float kPercent = 0.01f;
 constexpr float kAmbientScale = 0.7f;
 constexpr float kLeastReflection = 0.4f;
 constexpr float kNoiseScale = 2.0f;

@@ -10,8 +10,6 @@ namespace ogl {
 
 namespace {
 
-constexpr float kPercent = 0.01f;
-
 bool isAimed(const SunLight& sun, const Box& bounds, Vec3 direction) {
     // A direction's product with itself can be a little below 1.
     return sun.isAimed(bounds, direction) ||

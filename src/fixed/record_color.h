@@ -8,6 +8,7 @@
 namespace ogl {
 
 inline constexpr float kByteScale = 0.003921569f; ///< of colour bytes
+inline constexpr float kPercent = 0.01f;
 
 inline Vec3 colorOf(RGB8 color) {
     return Vec3{static_cast<float>(color.red), static_cast<float>(color.green),

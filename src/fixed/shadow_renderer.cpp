@@ -12,6 +12,7 @@
 #include "fixed/material_color.h"
 #include "fixed/plan_view.h"
 #include "fixed/portal_sky.h"
+#include "fixed/record_color.h"
 #include "fixed/shadow_map_pass.h"
 #include "fixed/sun_lighting.h"
 #include "fixed/surface_pass.h"
@@ -26,7 +27,6 @@ namespace ogl {
 namespace {
 
 constexpr float kBaseLineWidth = 0.6f;
-constexpr float kByteScale = 0.003921569f;
 constexpr float kMarkSizePerWidth = 50.0f;
 constexpr float kSunIntensity = 4.0f; ///< of the programs' sun, in the host's light colours
 
@@ -40,10 +40,11 @@ ShadowRenderer::ShadowRenderer(RenderContext& creator) : Renderer(creator) {
 ShadowRenderer::~ShadowRenderer() = default;
 
 int ShadowRenderer::clearBackground() {
-    const uint32_t color = scene != nullptr ? scene->geometry.backgroundColor : 0;
-    for (unsigned i = 0; i < 3; ++i)
-        clearColor[i] = static_cast<float>(color >> 8 * i & 0xffu) * kByteScale;
-    clearTo(clearColor[0], clearColor[1], clearColor[2]);
+    const Vec3 color = colorOf(scene != nullptr ? scene->geometry.backgroundColor : 0u);
+    clearColor[0] = color.x;
+    clearColor[1] = color.y;
+    clearColor[2] = color.z;
+    clearTo(color.x, color.y, color.z);
     return 1;
 }
 

@@ -14,7 +14,7 @@ namespace {
 
 constexpr GLushort kSiteDashes = 0xaaaa;
 
-void setState() {
+void setSiteBoxState() {
     glDisable(GL_LIGHTING);
     glDisable(GL_COLOR_MATERIAL);
     glDisable(GL_TEXTURE_RECTANGLE);
@@ -60,7 +60,7 @@ Box siteBox(const SCENE& scene) {
 void drawSiteBox(const SCENE& scene) {
     const DebugGroup group("site box");
     unbindAllArrays();
-    setState();
+    setSiteBoxState();
     drawEdges(siteBox(scene));
     glDisable(GL_LINE_STIPPLE);
 }

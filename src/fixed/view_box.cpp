@@ -24,7 +24,7 @@ Vec3 corner(unsigned number, Vec3 size, bool mirrored) {
             (number & 1u) != 0 ? size.z : 0.0f};
 }
 
-void setState() {
+void setViewBoxState() {
     glEnable(GL_MULTISAMPLE);
     glDisable(GL_DEPTH_TEST);
     glLineWidth(kLineWidth);
@@ -40,7 +40,7 @@ void drawBox(const SCENE& scene, const VIEW& view, const BoxStyle& style) {
     for (const auto& segment : kSegments)
         for (const unsigned end : segment)
             lines.positions.push_back(corner(end, size, style.mirrored));
-    setState();
+    setViewBoxState();
     lines.upload(GL_LINES);
     drawPlacedLines(lines, placementOf(scene, view, style.position, style.angle),
                     style.color + kGroundTint, style.color);

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "gpu/render_target.h"
 
+#include "gpu/texture.h"
+
 #include <algorithm>
 
 namespace ogl {
@@ -57,16 +59,6 @@ int usableSamples(const TargetLayout& layout) {
 bool isMipmapped(const FormatRow& row) {
     return row.minification == GL_LINEAR_MIPMAP_LINEAR ||
            row.minification == GL_NEAREST_MIPMAP_LINEAR;
-}
-
-void setFilters(unsigned target, int minification, int magnification) {
-    glTexParameteri(target, GL_TEXTURE_MIN_FILTER, minification);
-    glTexParameteri(target, GL_TEXTURE_MAG_FILTER, magnification);
-}
-
-void setWrap(unsigned target, int wrap) {
-    glTexParameteri(target, GL_TEXTURE_WRAP_S, wrap);
-    glTexParameteri(target, GL_TEXTURE_WRAP_T, wrap);
 }
 
 void attach(unsigned attachment, unsigned target, const GLTexture& texture, int level = 0) {

@@ -23,16 +23,6 @@ int internalFormat2D(unsigned pixelFormat) {
     return components > 1 ? components : GL_LUMINANCE;
 }
 
-void setFilters(unsigned target, int minification, int magnification) {
-    glTexParameteri(target, GL_TEXTURE_MIN_FILTER, minification);
-    glTexParameteri(target, GL_TEXTURE_MAG_FILTER, magnification);
-}
-
-void setWrap(unsigned target, int wrap) {
-    glTexParameteri(target, GL_TEXTURE_WRAP_S, wrap);
-    glTexParameteri(target, GL_TEXTURE_WRAP_T, wrap);
-}
-
 void setCubeParameters() {
     setFilters(GL_TEXTURE_CUBE_MAP, GL_LINEAR, GL_LINEAR);
     setWrap(GL_TEXTURE_CUBE_MAP, GL_CLAMP_TO_EDGE);
@@ -73,6 +63,16 @@ GLTexture createCube(unsigned pixelFormat, int width, int height, const void* pi
 }
 
 } // namespace
+
+void setFilters(unsigned target, int minification, int magnification) {
+    glTexParameteri(target, GL_TEXTURE_MIN_FILTER, minification);
+    glTexParameteri(target, GL_TEXTURE_MAG_FILTER, magnification);
+}
+
+void setWrap(unsigned target, int wrap) {
+    glTexParameteri(target, GL_TEXTURE_WRAP_S, wrap);
+    glTexParameteri(target, GL_TEXTURE_WRAP_T, wrap);
+}
 
 GLTexture createTexture2D(TextureKind kind, unsigned pixelFormat, int width, int height,
                           const void* pixels) {

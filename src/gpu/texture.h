@@ -23,6 +23,10 @@ enum class TextureKind : int {
 GLTexture createTexture2D(TextureKind kind, unsigned pixelFormat, int width, int height,
                           const void* pixels);
 
+/// Parameters of the texture that is bound to `target`.
+void setFilters(unsigned target, int minification, int magnification);
+void setWrap(unsigned target, int wrap);
+
 /// Turns texturing with `texture` on for unit `unit`, which is active afterwards. `filter`
 /// (GL_LINEAR or GL_NEAREST) is ignored for multisample and cube textures; GL_LINEAR minifies
 /// repeating textures trilinearly. `anisotropy`, 1 or more, is for repeating textures.
