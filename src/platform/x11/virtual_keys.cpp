@@ -9,12 +9,12 @@
 namespace ogl::x11 {
 namespace {
 
-struct Row {
+struct KeyRow {
     KeySym symbol;
     int key;
 };
 
-constexpr Row kRows[] = {
+constexpr KeyRow kRows[] = {
     {XK_BackSpace, VK_BACK},
     {XK_Tab, VK_TAB},
     {XK_Return, VK_RETURN},
@@ -78,7 +78,7 @@ unsigned virtualKey(KeySym symbol) {
         return offset(symbol, XK_KP_0, VK_NUMPAD0);
     if (symbol >= XK_F1 && symbol <= XK_F12)
         return offset(symbol, XK_F1, VK_F1);
-    for (const Row& row : kRows)
+    for (const KeyRow& row : kRows)
         if (row.symbol == symbol)
             return static_cast<unsigned>(row.key);
     return 0;

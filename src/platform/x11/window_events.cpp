@@ -30,13 +30,13 @@ WPARAM mouseState(unsigned state) {
 }
 
 void onButton(MessageQueue& queue, const XButtonEvent& event, bool down) {
-    struct Row {
+    struct ButtonRow {
         unsigned button;
         UINT down;
         UINT up;
         WPARAM key;
     };
-    static constexpr Row kButtons[] = {
+    static constexpr ButtonRow kButtons[] = {
         {Button1, WM_LBUTTONDOWN, WM_LBUTTONUP, MK_LBUTTON},
         {Button2, WM_MBUTTONDOWN, WM_MBUTTONUP, MK_MBUTTON},
         {Button3, WM_RBUTTONDOWN, WM_RBUTTONUP, MK_RBUTTON},
@@ -53,7 +53,7 @@ void onButton(MessageQueue& queue, const XButtonEvent& event, bool down) {
                   root);
         return;
     }
-    for (const Row& row : kButtons) {
+    for (const ButtonRow& row : kButtons) {
         if (row.button != event.button)
             continue;
         // X reports the state before the event, Windows after it.
