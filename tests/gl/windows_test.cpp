@@ -35,6 +35,24 @@ TEST(Windows, ClassesAndProceduresDecideWhatIsCreated) {
     EXPECT_FALSE(UnregisterClassA("OglRefusing", windowClass.hInstance));
 }
 
+TEST(Windows, WindowIsMadeWhateverItsClassHasForACursor) {
+    for (const HCURSOR cursor : {reinterpret_cast<HCURSOR>(uintptr_t{0x54321}),
+                                 LoadCursorA(nullptr, IDC_ARROW), HCURSOR{}}) {
+        WNDCLASSEXA windowClass{};
+        windowClass.cbSize = sizeof windowClass;
+        windowClass.hInstance = GetModuleHandleA(nullptr);
+        windowClass.lpszClassName = "OglCursor";
+        windowClass.lpfnWndProc = DefWindowProcA;
+        windowClass.hCursor = cursor;
+        ASSERT_NE(RegisterClassExA(&windowClass), 0);
+        const HWND window = CreateWindowExA(0, "OglCursor", "", WS_OVERLAPPEDWINDOW, 0, 0, 10, 10,
+                                            nullptr, nullptr, windowClass.hInstance, nullptr);
+        EXPECT_NE(window, nullptr);
+        EXPECT_TRUE(DestroyWindow(window));
+        EXPECT_TRUE(UnregisterClassA("OglCursor", windowClass.hInstance));
+    }
+}
+
 TEST(Windows, ShownWindowIsToldItsSizeAndAskedToPaint) {
     TestWindow window(300, 220, true);
     ASSERT_NE(window.handle(), nullptr);

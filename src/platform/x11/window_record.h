@@ -44,7 +44,7 @@ void sendSize(WindowRecord& record, Size size);
 
 struct WindowClass {
     WNDPROC procedure = nullptr;
-    HCURSOR cursor = nullptr;
+    HCURSOR cursor = nullptr; ///< a shape of the X server's cursor font
     bool background = false;
 };
 bool findClass(const std::string& name, WindowClass& found);

@@ -55,10 +55,8 @@ Window makeWindow(Display* x, const WindowClass& windowClass, Window parent, con
     attributes.event_mask = kWindowEvents;
     attributes.background_pixel = WhitePixel(x, screen);
     attributes.override_redirect = isChild ? False : True;
-    attributes.cursor = reinterpret_cast<Cursor>(windowClass.cursor);
     unsigned long mask = CWEventMask | CWOverrideRedirect;
     mask |= windowClass.background ? CWBackPixel : 0u;
-    mask |= windowClass.cursor ? CWCursor : 0u;
     const ErrorScope scope(x);
     const Window window =
         XCreateWindow(x, parent, place.x, place.y, static_cast<unsigned>(place.size.width),
@@ -67,6 +65,19 @@ Window makeWindow(Display* x, const WindowClass& windowClass, Window parent, con
     Atom closing = XInternAtom(x, "WM_DELETE_WINDOW", False);
     XSetWMProtocols(x, window, &closing, 1);
     return scope.failed() ? None : window;
+}
+
+/// A cursor belongs to the connection that makes it, so every window makes its own of the shape
+/// that its class names. Without one (an X server without its cursor font) the window is as good.
+void setCursor(Display* x, Window window, HCURSOR named) {
+    const auto shape = static_cast<unsigned>(reinterpret_cast<uintptr_t>(named));
+    if (shape == 0 || shape >= XC_num_glyphs)
+        return;
+    const ErrorScope scope(x);
+    const Cursor cursor = XCreateFontCursor(x, shape);
+    XDefineCursor(x, window, cursor);
+    XFreeCursor(x, cursor);
+    XSync(x, False);
 }
 
 void setPlacementHints(Display* x, Window window, const Placement& place, bool placed) {
@@ -123,6 +134,7 @@ HWND CreateWindowExA(DWORD extendedStyle, LPCSTR className, LPCSTR title, DWORD 
     const Window window = makeWindow(connection, windowClass, parentWindow, place, isChild);
     if (!window)
         return nullptr;
+    setCursor(connection, window, windowClass.cursor);
     setPlacementHints(connection, window, place, x != CW_USEDEFAULT);
     setTitle(connection, window, title ? title : "");
     XSync(connection, False);
@@ -304,11 +316,7 @@ HCURSOR LoadCursorA(HINSTANCE instance, LPCSTR name) {
         sayOnce("LoadCursorA: only the arrow is supported");
         return nullptr;
     }
-    Display* const x = display();
-    if (!x)
-        return nullptr;
-    static const Cursor arrow = XCreateFontCursor(x, XC_left_ptr);
-    return reinterpret_cast<HCURSOR>(arrow);
+    return reinterpret_cast<HCURSOR>(static_cast<uintptr_t>(XC_left_ptr));
 }
 
 HWND SetCapture(HWND window) {
