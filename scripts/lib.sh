@@ -16,6 +16,8 @@ die() {
     exit 1
 }
 
+can_be_root() { [ "$(id -u)" = 0 ] || command -v sudo >/dev/null; }
+
 # Runs a command as the superuser, or says what it would have needed that for.
 as_root() {
     if [ "$(id -u)" = 0 ]; then
@@ -36,6 +38,25 @@ apt_quiet() {
     fi
 }
 
+# in_namespace COMMAND...: as root, with mounts and processes that end with the command, and the
+# command with this script. Where the root folder is no mount point (in a chroot, in some
+# containers) the kernel does not let its mounts be made private; what then reaches the outside is
+# undone by release_mounts.
+in_namespace() {
+    local propagation=private
+    mountpoint -q / || propagation=unchanged
+    as_root setpriv --pdeathsig KILL unshare --mount --propagation "$propagation" --pid --fork \
+        --kill-child "$@"
+}
+
+# release_mounts FOLDER: takes away what is still mounted in it.
+release_mounts() {
+    local place
+    while read -r place; do
+        as_root umount --lazy "$place" 2>/dev/null || true
+    done < <(awk -v folder="$1/" 'index($5, folder) == 1 { print $5 }' /proc/self/mountinfo | sort -r)
+}
+
 is_installed() {
     [ "$(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
 }
@@ -51,6 +72,29 @@ debian_archive() {
             $1 == "Debian" && ($2 == suite || $2 == "stable") && $3 == "main" && !seen++ {
                 print $4, $2
             }'
+}
+
+# build_with_progress PRESET [OPTIONS]: builds it; the output is for a log, and where standard error
+# is a terminal or not, a line says there now and then how far it is.
+build_with_progress() {
+    local preset=$1 line said=-1 percent status
+    shift
+    NINJA_STATUS='[%p] ' cmake --build --preset "$preset" "$@" 2>&1 | while IFS= read -r line; do
+        printf '%s\n' "$line"
+        case $line in '['*%']'*) ;; *) continue ;; esac
+        percent=${line#[}
+        percent=$((${percent%%%*} / 10 * 10))
+        [ "$percent" -le "$said" ] || printf '   %s: %s %%\n' "$preset" "$percent" >&2
+        [ "$percent" -le "$said" ] || said=$percent
+    done
+    status=${PIPESTATUS[0]}
+    return "$status"
+}
+
+# use_ccache: compilers run behind ccache where that is installed.
+use_ccache() {
+    command -v ccache >/dev/null || return 0
+    export CMAKE_C_COMPILER_LAUNCHER=ccache CMAKE_CXX_COMPILER_LAUNCHER=ccache
 }
 
 # start_display: gives the calling script an X server of its own; it ends with the script.

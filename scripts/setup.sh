@@ -7,80 +7,26 @@ usage() {
     cat <<'END'
 Usage: scripts/setup.sh [run] [test] [bench] [windows] [package]
 
-Installs from Debian and npm, by name, what the named commands need; installs nothing that is
-there already. "windows" also prepares the cross builds: GLEW for MinGW into build/glew-win32 and
-build/glew-win64. Without a name: run and test.
+Installs from Debian and npm, by name, what the named commands need; scripts/packages.txt lists it.
+Installs nothing that is there already, and needs to be root only when something is missing. Without
+apt-get it says what is missing, and goes on when all is there. "windows" also prepares the cross
+builds: GLEW for MinGW into build/glew-win32 and build/glew-win64. Without a name: run and test.
 END
 }
 
-build_packages=(
-    cmake
-    fontconfig
-    fonts-liberation
-    g++
-    libassimp-dev
-    libcli11-dev
-    libcpp-httplib-dev
-    libfontconfig-dev
-    libfreetype-dev
-    libgl-dev
-    libgl1-mesa-dri
-    libglew-dev
-    libglu1-mesa-dev
-    libglx-mesa0
-    libstb-dev
-    libtinyobjloader-dev
-    libx11-dev
-    ninja-build
-    nlohmann-json3-dev
-    xvfb
-)
-run_packages=(assimp-testmodels)
-test_packages=(
-    chromium
-    clang
-    clang-format
-    clang-tidy
-    doxygen
-    libgtest-dev
-    libxtst-dev
-    lld
-    pkgconf
-    python3
-)
-bench_packages=(libbenchmark-dev)
-windows_packages=(
-    dpkg-dev
-    g++-mingw-w64-i686-posix
-    g++-mingw-w64-x86-64-posix
-    googletest
-    llvm
-)
-package_packages=(dpkg-dev python3)
-
-packages=("${build_packages[@]}")
-# Any Node with its npm will do; Debian's is taken when there is none.
-command -v npm >/dev/null || packages+=(nodejs npm)
-windows=no
+groups=(build)
 viewer=page
+windows=no
 [ $# -gt 0 ] || set -- run test
 for command in "$@"; do
     case $command in
-    run) packages+=("${run_packages[@]}") ;;
+    run | bench) groups+=("$command") ;;
     test)
-        packages+=("${run_packages[@]}" "${test_packages[@]}" "${windows_packages[@]}")
-        windows=yes
+        groups+=(test package windows)
         viewer=tests
         ;;
-    bench) packages+=("${bench_packages[@]}") ;;
-    package)
-        packages+=("${package_packages[@]}" "${windows_packages[@]}")
-        windows=yes
-        ;;
-    windows)
-        packages+=("${windows_packages[@]}")
-        windows=yes
-        ;;
+    package) groups+=(package windows) ;;
+    windows) groups+=(windows) ;;
     -h | --help)
         usage
         exit 0
@@ -91,17 +37,51 @@ for command in "$@"; do
         ;;
     esac
 done
+case " ${groups[*]} " in *" windows "*) windows=yes ;; esac
 
-command -v apt-get >/dev/null || die "the set-up needs a Debian machine (no apt-get here)"
+has_header() { printf '#include <%s>\n' "$1" | c++ -E -x c++ - >/dev/null 2>&1; }
+
+# is_there PROBE: as packages.txt explains it.
+is_there() {
+    local what=${1#*:}
+    case $1 in
+    command:*) command -v "$what" >/dev/null ;;
+    header:*) has_header "$what" ;;
+    file:*) [ -e "$what" ] ;;
+    font:*) fc-list 2>/dev/null | grep -q "$what" ;;
+    esac
+}
+
+# What is missing: Debian's names where Debian's package manager is, else what it is called.
 missing=()
-for package in "${packages[@]}"; do
-    is_installed "$package" || missing+=("$package")
-done
-if [ ${#missing[@]} -gt 0 ]; then
-    say "installing ${missing[*]}"
-    apt_quiet update || die "apt-get update failed"
-    apt_quiet install --no-install-recommends "${missing[@]}" || die "could not install packages"
+while read -r group package probe name; do
+    case " ${groups[*]} " in *" $group "*) ;; *) continue ;; esac
+    if command -v apt-get >/dev/null; then
+        is_installed "$package" || missing+=("$package")
+    else
+        is_there "$probe" || missing+=("  $name")
+    fi
+done < <(grep -v -e '^#' -e '^$' scripts/packages.txt)
+# Any Node with its npm will do; Debian's is taken when there is none.
+if ! command -v npm >/dev/null; then
+    if command -v apt-get >/dev/null; then missing+=(nodejs npm); else missing+=("  Node.js 18 or newer, with npm"); fi
 fi
+
+install_missing() {
+    mapfile -t missing < <(printf '%s\n' "${missing[@]}" | sort -u)
+    if ! command -v apt-get >/dev/null; then
+        printf '%s\n' "${missing[@]}" >&2
+        die "this machine has no apt-get; install the above in its own way, then try again"
+    fi
+    can_be_root ||
+        die "missing packages, and no right to install them (be root, or have sudo): ${missing[*]}"
+    say "installing ${missing[*]}"
+    apt_quiet update ||
+        warn "some package lists could not be fetched; going on with those that are there"
+    apt_quiet install --no-install-recommends "${missing[@]}" ||
+        die "could not install: ${missing[*]}"
+}
+[ ${#missing[@]} = 0 ] || install_missing
 
 # What package.json names, from npm: for the page, or for the page and its tests.
 npm_install() {

@@ -3,13 +3,13 @@
 # SPDX-License-Identifier: MIT
 """Adds up what the test command ran.
 
-Usage: test_report.py CHECKS [STAGE=FOLDER ...]
+Usage: test_report.py [--prefix WORD:] CHECKS [STAGE=FOLDER ...]
 
 CHECKS has one line per check that is no test program: "passed|failed|skipped", a tab, its name
 and, when skipped, a tab and the reason. Each FOLDER holds ctest.xml, CTest's own report of the
 stage, and beside it one NAME.xml per GoogleTest program, whose cases are counted one by one; a
 CTest entry without such a file counts as one case. Ends with "N passed, N failed, N skipped";
-the exit status is 0 when nothing failed and something passed.
+behind WORD: when it is given; the exit status is 0 when nothing failed and something passed.
 """
 import collections
 import os
@@ -63,10 +63,15 @@ def stage_cases(folder):
 
 
 def main():
-    if len(sys.argv) < 2:
+    arguments = sys.argv[1:]
+    prefix = ""
+    if arguments[:1] == ["--prefix"]:
+        prefix = arguments[1] + " "
+        arguments = arguments[2:]
+    if not arguments:
         sys.exit(__doc__.strip())
-    cases = list(read_checks(sys.argv[1]))
-    for argument in sys.argv[2:]:
+    cases = list(read_checks(arguments[0]))
+    for argument in arguments[1:]:
         stage, folder = argument.split("=", 1)
         cases += [case._replace(name=f"{stage}: {case.name}") for case in stage_cases(folder)]
     for outcome in ("skipped", "failed"):
@@ -74,7 +79,7 @@ def main():
             if case.outcome == outcome:
                 print(f"{outcome}: {case.name}" + (f" ({case.reason})" if case.reason else ""))
     count = collections.Counter(case.outcome for case in cases)
-    print(f"{count['passed']} passed, {count['failed']} failed, {count['skipped']} skipped")
+    print(f"{prefix}{count['passed']} passed, {count['failed']} failed, {count['skipped']} skipped")
     sys.exit(0 if count["passed"] and not count["failed"] else 1)
 
 

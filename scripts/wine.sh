@@ -23,6 +23,7 @@ the program leaves running ends with it. Mounts for the tree are made in a priva
 they are gone when the call ends, however it ends.
 
 OGL_WINE_ROOT names another place for the tree, so that several checkouts can share one.
+OGL_WINE_KIND (installed, tree or wine64) has "setup" take that one or none.
 END
 }
 
@@ -30,20 +31,14 @@ tree=${OGL_WINE_ROOT:-$root/build/wine-root}
 tree_packages=(fonts-liberation libgl1 libgl1-mesa-dri libglu1-mesa libglx-mesa0 wine wine32)
 log=build/wine-log
 
-# in_namespace COMMAND...: as root, with mounts and processes that end with the command, and the
-# command with this script.
-in_namespace() {
-    as_root setpriv --pdeathsig KILL unshare --mount --propagation private --pid --fork --kill-child "$@"
-}
-
 # The prefix is for one program at a time; it also starts empty when the kind changes.
 prefix_of() { printf '%s/build/wine-prefix-%s' "$root" "$1"; }
 
 run_installed() {
     local kind=$1 seconds=$2 status=0
     shift 2
-    WINEPREFIX=$(prefix_of "$kind") timeout -k 10 "$seconds" "${wine_program[@]}" "$@" \
-        </dev/null || status=$?
+    (cd "$caller_folder" && WINEPREFIX=$(prefix_of "$kind") timeout -k 10 "$seconds" \
+        "${wine_program[@]}" "$@" </dev/null) || status=$?
     WINEPREFIX=$(prefix_of "$kind") timeout -k 10 30 wineserver -k 2>/dev/null || true
     return $status
 }
@@ -85,13 +80,16 @@ kept_environment() {
 }
 
 run_tree() {
-    local seconds=$1 folder=$root pairs
+    local seconds=$1 folder=$root status=0 pairs
     shift
+    release_mounts "$tree"
     case $caller_folder/ in "$root"/*) folder=$caller_folder ;; esac
     mapfile -d '' -t pairs < <(kept_environment)
     in_namespace env "${pairs[@]}" WINEPREFIX="$(prefix_of tree)" \
         bash -c "$enter_tree" enter_tree "$tree" "$root" "$folder" "$(id -u):$(id -g)" \
-        "${XAUTHORITY:-}" timeout -k 10 "$seconds" wine "$@" </dev/null
+        "${XAUTHORITY:-}" timeout -k 10 "$seconds" wine "$@" </dev/null || status=$?
+    release_mounts "$tree"
+    return $status
 }
 
 # run_kind KIND SECONDS PROGRAM ARGUMENTS...
@@ -130,6 +128,7 @@ works() {
 install_wine32() {
     local added=no
     is_installed wine32:i386 && is_installed wine && return
+    can_be_root || return 1
     if ! dpkg --print-foreign-architectures | grep -qx i386; then
         as_root dpkg --add-architecture i386
         added=yes
@@ -164,6 +163,7 @@ chroot "$tree" apt-get clean
 
 install_tree() {
     local uri suite
+    can_be_root || return 1
     [ -L "$tree/usr/bin/wine" ] && return
     is_installed debootstrap || apt_quiet install --no-install-recommends debootstrap || return 1
     read -r uri suite <<<"$(debian_archive)"
@@ -177,24 +177,28 @@ install_tree() {
 }
 
 install_wine64() {
-    is_installed wine64 || apt_quiet install --no-remove --no-install-recommends wine64 2>>"$log"
+    is_installed wine64 || { can_be_root && apt_quiet install --no-remove --no-install-recommends wine64 2>>"$log"; }
 }
+
+wanted() { [ "${OGL_WINE_KIND:-$1}" = "$1" ]; }
 
 setup() {
     local kind
     kind=$(cat build/wine-kind 2>/dev/null || true)
-    case $kind in
-    installed | wine64) return ;;
-    tree) [ ! -L "$tree/usr/bin/wine" ] || return 0 ;;
-    esac
+    if wanted "$kind"; then
+        case $kind in
+        installed | wine64) return ;;
+        tree) [ ! -L "$tree/usr/bin/wine" ] || return 0 ;;
+        esac
+    fi
     mkdir -p build
     : >"$log"
     [ -n "${DISPLAY:-}" ] || start_display
-    if install_wine32 && works installed; then
+    if wanted installed && install_wine32 && works installed; then
         kind=installed
-    elif install_tree && works tree; then
+    elif wanted tree && install_tree && works tree; then
         kind=tree
-    elif install_wine64 && works wine64; then
+    elif wanted wine64 && install_wine64 && works wine64; then
         kind=wine64
     else
         kind=none
