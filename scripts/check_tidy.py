@@ -8,7 +8,8 @@ Usage: check_tidy.py [--all] [FILE ...]
 Looks at the sources that a native build compiles, or at the files given. A file is left out when
 nothing that it is made of (itself, what it includes of the checkout, its compile command, the
 checks) has changed since clang-tidy last had nothing to say about it; --all looks at every file,
-and so does CI=true. Prints what clang-tidy says and ends with status 1 when that is something.
+and so does CI=true. Prints what clang-tidy says and ends with status 1 when that is something,
+with 77 when clang-tidy is not of version 14: others judge differently.
 """
 import concurrent.futures
 import hashlib
@@ -79,6 +80,11 @@ def main():
     if "-h" in arguments or "--help" in arguments:
         print(__doc__.strip())
         return 0
+    version = subprocess.run(["clang-tidy", "--version"], capture_output=True, text=True,
+                             check=True).stdout
+    if "version 14." not in version:
+        print("clang-tidy 14 decides, this is", re.search(r"version (\S+)", version).group(1))
+        return 77
     everything = "--all" in arguments or os.environ.get("CI") == "true"
     commands = compile_commands()
     wanted = [os.path.abspath(name) for name in arguments if name != "--all"] or sorted(commands)
@@ -86,8 +92,6 @@ def main():
     if unknown:
         sys.exit("error: no native build compiles " + ", ".join(unknown))
     os.makedirs(CLEAN, exist_ok=True)
-    version = subprocess.run(["clang-tidy", "--version"], capture_output=True, text=True,
-                             check=True).stdout
     checks = version + read(os.path.join(ROOT, ".clang-tidy")).decode()
     keys = {path: Contents(commands[path]).key(path, commands[path], checks) for path in wanted}
     pending = [path for path in wanted
