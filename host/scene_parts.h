@@ -179,7 +179,7 @@ struct Sun {
 
 /// Date, time and place from which the sun's direction is computed instead.
 struct SunDate {
-    uint32_t date = 0;        ///< 32-bit time_t, read in the local calendar
+    uint32_t date = 0;        ///< seconds after 1970 began; its day in the local calendar
     int minutes = 12 * 60;    ///< minutes of the day, universal time
     double latitude = 0.0;    ///< degrees, north positive
     double longitude = 0.0;   ///< degrees, east positive

@@ -616,7 +616,7 @@ struct OGL_PACKED SCENE {
     int16_t sunIntensity;      ///< percent
     float siteLatitude;        ///< degrees
     float siteLongitude;       ///< degrees
-    uint32_t sunDate;          ///< 32-bit time_t
+    uint32_t sunDate;          ///< seconds after 1970 began; its local day
     int16_t sunMinutes;        ///< minutes of the day
     int16_t sunAzimuthAngle;   ///< degrees about +z
     int16_t sunElevationAngle; ///< degrees about -y; negative = downward

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "scene/sun_position.h"
 
+#include "platform/local_date.h"
 #include "scene/solar_position.h"
 
 #include <cmath>
 #include <cstdio>
-#include <ctime>
 
 namespace ogl {
 
@@ -31,22 +31,9 @@ Vec3 turned(Vec3 v, Vec3 axis, float degrees) {
     return v * c + cross(axis, v) * std::sin(angle) + axis * (dot(axis, v) * (1.0f - c));
 }
 
-/// The calendar day of a moment where this machine stands. A moment that has none gives year 0 of
-/// month 0, which no position is calculated for.
-SunMoment calendarDay(uint32_t seconds) {
-    SunMoment moment;
-    const auto time = static_cast<std::time_t>(seconds);
-    const std::tm* calendar = std::localtime(&time);
-    if (calendar != nullptr) {
-        moment.year = calendar->tm_year + 1900;
-        moment.month = calendar->tm_mon + 1;
-        moment.day = calendar->tm_mday;
-    }
-    return moment;
-}
-
 SunState fromDate(const SCENE& scene, Vec3& direction) {
-    SunMoment moment = calendarDay(scene.sunDate);
+    const CalendarDate date = localDate(scene.sunDate);
+    SunMoment moment{.year = date.year, .month = date.month, .day = date.day};
     moment.minutes = scene.sunMinutes;
     moment.latitude = static_cast<double>(scene.siteLatitude);
     moment.longitude = static_cast<double>(scene.siteLongitude);

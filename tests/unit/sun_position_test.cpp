@@ -4,6 +4,7 @@
 
 #include "scene/solar_position.h"
 #include "support/captured_output.h"
+#include "support/environment.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -182,6 +183,52 @@ TEST_F(SunDirection, RisesInTheEastAndSetsBelowTheHorizon) {
     EXPECT_GT(light.z, 0.0f);
     scene_->sunMinutes = 1440;
     EXPECT_EQ(direction(light), SunState::Known);
+}
+
+// Noon in Greenwich is the same day in nearly every time zone. A clock of 31 bits ends on
+// 19 January 2038, one of 32 bits on 7 February 2106.
+TEST_F(SunDirection, KnowsEveryDayThatTheRecordCanHold) {
+    const struct {
+        const char* zone; ///< null: nearly any
+        uint32_t seconds;
+        int year, month, day;
+    } rows[] = {
+        {nullptr, 43200, 1970, 1, 1},
+        {nullptr, 68212800, 1972, 2, 29},
+        {nullptr, 1078056000, 2004, 2, 29},
+        {nullptr, 2147428800, 2038, 1, 18},
+        {nullptr, 2147515200, 2038, 1, 19},
+        {nullptr, 2147601600, 2038, 1, 20},
+        {nullptr, 2224843200, 2040, 7, 2},
+        {nullptr, 4107499200, 2100, 2, 28},
+        {nullptr, 4107585600, 2100, 3, 1},
+        {nullptr, 4294900800, 2106, 2, 6},
+        {"UTC0", 0, 1970, 1, 1},
+        {"UTC0", 0xffffffff, 2106, 2, 7},
+        {"UTC0", 0x7fffffff, 2038, 1, 19},
+        {"UTC0", 0x80000000, 2038, 1, 19},
+        {"WST8", 0, 1969, 12, 31},
+        {"WST8", 0xffffffff, 2106, 2, 6},
+        {"WST8", 0x7fffffff, 2038, 1, 18},
+        {"WST8", 0x80000000, 2038, 1, 18},
+        {"EST-18", 0xffffffff, 2106, 2, 8},
+    };
+    for (const auto& row : rows) {
+        if (row.zone != nullptr && !test::platformLayerIsOurs())
+            continue; // the system has one zone for all programs
+        const test::ScopedEnvironment zone("TZ", row.zone != nullptr ? row.zone : "UTC0");
+        SunMoment moment{.year = row.year, .month = row.month, .day = row.day};
+        moment.minutes = scene_->sunMinutes;
+        moment.latitude = 50.0;
+        moment.longitude = 10.0;
+        moment.north = scene_->northAngle;
+        SunPosition expected;
+        ASSERT_EQ(sunPosition(moment, expected), 0);
+        scene_->sunDate = row.seconds;
+        Vec3 light{};
+        ASSERT_EQ(direction(light), SunState::Known) << row.seconds;
+        EXPECT_EQ(length(light - expected.direction), 0.0f) << row.seconds;
+    }
 }
 
 TEST_F(SunDirection, SaysWhatIsWrong) {
