@@ -3,11 +3,12 @@
 #include "oglview/scene_style.h"
 
 #include "oglview/user_error.h"
+#include "scene/sun_position.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <ctime>
+#include <optional>
 
 namespace oglview {
 
@@ -57,18 +58,11 @@ void dimLowSun(ogl::host::Sun& sun, double highPercent) {
     sun.intensityPercent = static_cast<int>(std::lround(highPercent * (0.3 + 0.7 * share)));
 }
 
-/// A calendar day in the library's 32-bit count of seconds; noon, so that no summer time matters.
 uint32_t dayNumber(const CalendarDay& day) {
-    std::tm calendar{};
-    calendar.tm_year = day.year - 1900;
-    calendar.tm_mon = day.month - 1;
-    calendar.tm_mday = day.day;
-    calendar.tm_hour = 12;
-    calendar.tm_isdst = -1;
-    const auto seconds = static_cast<int64_t>(std::mktime(&calendar));
-    if (seconds < 0 || seconds > int64_t{INT32_MAX})
-        throw UserError("the sun of photo mode is known from 1970 to 2037");
-    return static_cast<uint32_t>(seconds);
+    const std::optional<uint32_t> number = ogl::sunDate(day.year, day.month, day.day);
+    if (!number)
+        throw UserError("the sun of photo mode is known from 1970 to 6 February 2106");
+    return *number;
 }
 
 void applyPhoto(ogl::host::SceneBuilder& builder, const StyleOptions& style) {

@@ -5,6 +5,7 @@
 #include "platform/local_date.h"
 #include "scene/solar_position.h"
 
+#include <chrono>
 #include <cmath>
 #include <cstdio>
 
@@ -79,6 +80,20 @@ int sunPosition(const SunMoment& moment, SunPosition& position) {
     position.azimuth = sun.azimuth;
     position.direction = -turned(raised, {0, 0, -1}, static_cast<float>(azimuth));
     return 0;
+}
+
+std::optional<uint32_t> sunDate(int year, int month, int day) {
+    constexpr int64_t kHalfDay = 43200;
+    const std::chrono::sys_days midnight = std::chrono::year_month_day{
+        std::chrono::year(year), std::chrono::month(static_cast<unsigned>(month)),
+        std::chrono::day(static_cast<unsigned>(day))};
+    const int64_t noon = std::chrono::seconds(midnight.time_since_epoch()).count() + kHalfDay;
+    if (noon < 0 || noon > int64_t{UINT32_MAX})
+        return std::nullopt;
+    // Noon in Greenwich is the same day but in the far east, where the next one has begun.
+    const auto seconds = static_cast<uint32_t>(noon);
+    const bool isThatDay = localDate(seconds) == CalendarDate{year, month, day};
+    return isThatDay ? seconds : seconds - static_cast<uint32_t>(kHalfDay);
 }
 
 SunState sunDirection(const SCENE& scene, Vec3& direction) {

@@ -5,6 +5,9 @@
 #include "ogl/host_records.h"
 #include "scene/vector3.h"
 
+#include <cstdint>
+#include <optional>
+
 namespace ogl {
 
 /// Date, time of day and place of a sun.
@@ -33,6 +36,10 @@ enum class SunState {
     Known,  ///< there is one, with this direction
     Unknown ///< there is one, but its date or place is unusable: keep the last direction
 };
+
+/// A local day as scenes hold it (SCENE::sunDate), from 1970 to 6 February 2106; nothing for
+/// others.
+std::optional<uint32_t> sunDate(int year, int month, int day);
 
 /// The unit direction in which the scene's sun light travels, from date and place or from the
 /// stored angles, as the scene says. An unusable date or place leaves a line with its code on the

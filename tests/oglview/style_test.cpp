@@ -6,11 +6,12 @@
 #include "oglview/scene_style.h"
 #include "oglview/style_keys.h"
 #include "oglview/user_error.h"
+#include "platform/local_date.h"
+#include "support/environment.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <ctime>
 
 namespace {
 
@@ -62,12 +63,7 @@ TEST_F(Style, PhotoOptionsReachTheRecord) {
     EXPECT_EQ(scene.siteLatitude, 52.5f);
     EXPECT_EQ(scene.siteLongitude, 13.25f);
     EXPECT_NEAR(scene.northAngle, std::acos(0.5), 1e-12);
-    const time_t seconds = scene.sunDate;
-    const std::tm* day = std::localtime(&seconds);
-    ASSERT_NE(day, nullptr);
-    EXPECT_EQ(day->tm_year, 126);
-    EXPECT_EQ(day->tm_mon, 2);
-    EXPECT_EQ(day->tm_mday, 20);
+    EXPECT_EQ(ogl::localDate(scene.sunDate), (ogl::CalendarDate{2026, 3, 20}));
 }
 
 TEST_F(Style, PhotoModeIsPlainWithoutOptions) {
@@ -83,12 +79,20 @@ TEST_F(Style, PhotoModeIsPlainWithoutOptions) {
     EXPECT_GT(scene.sunColor.blue, lowBlue);
 }
 
-TEST_F(Style, RefusesDaysThatTheRecordCannotHold) {
-    for (const char* date : {"1969-07-20", "2038-06-01"})
-        EXPECT_THROW(apply(styleOf({"--mode", "photo", "--date", date, "--time", "12:00", "--lat",
-                                    "0", "--lon", "0"})),
-                     UserError)
-            << date;
+TEST_F(Style, TakesTheDaysThatTheRecordCanHold) {
+    const auto applyDate = [this](const char* date) -> const ogl::SCENE& {
+        return apply(styleOf(
+            {"--mode", "photo", "--date", date, "--time", "12:00", "--lat", "0", "--lon", "0"}));
+    };
+    for (const char* date : {"1969-07-20", "1969-12-31", "2106-02-07"})
+        EXPECT_THROW(applyDate(date), UserError) << date;
+    for (const char* zone : {"UTC0", "WST12", "EST-14"}) {
+        const ogl::test::ScopedEnvironment there("TZ", zone);
+        EXPECT_EQ(ogl::localDate(applyDate("1970-01-01").sunDate), (ogl::CalendarDate{1970, 1, 1}))
+            << zone;
+        EXPECT_EQ(ogl::localDate(applyDate("2106-02-06").sunDate), (ogl::CalendarDate{2106, 2, 6}))
+            << zone;
+    }
 }
 
 TEST(StyleKeys, ChangeWhatTheySay) {
