@@ -25,21 +25,22 @@ void createClusterList(VLIST& list, int growBy, int itemSize, int itemsPerCluste
 void* useCluster(const VLIST& list, INDEX* out, int32_t k) {
     const ListView<INDEX> clusters(list.index);
     const INDEX* index = clusters.at(k);
-    auto* items = static_cast<uint8_t*>(list.items.data.get());
-    if (index == nullptr || items == nullptr)
+    if (index == nullptr)
         return nullptr;
     const INDEX found = *index;
     if (out != nullptr)
         *out = found;
+    auto* items = static_cast<uint8_t*>(list.items.data.get());
     // The address is the host's own arithmetic, carried out as the list says.
-    return items + static_cast<ptrdiff_t>(found.first) * list.items.elementSize;
+    return items != nullptr ? items + static_cast<ptrdiff_t>(found.first) * list.items.elementSize
+                            : nullptr;
 }
 
 void* useCluster(const VLIST& list, int32_t k, int32_t* count) {
     INDEX index{};
     void* first = useCluster(list, &index, k);
     if (count != nullptr)
-        *count = first != nullptr ? index.count : 0;
+        *count = index.count;
     return first;
 }
 

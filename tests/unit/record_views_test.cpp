@@ -114,6 +114,23 @@ TEST(RecordHelpers, PathsFollowTheirBounds) {
     EXPECT_EQ(usePath(host.record(), 1, &count), nullptr);
 }
 
+TEST(RecordHelpers, ClustersWithoutItemsKeepTheirIndex) {
+    PathScene host;
+    host.scene.putList(11760, 5, 14, 0);
+    const VLIST& list = *reinterpret_cast<VLIST*>(host.scene.data() + 11740);
+    INDEX index{7, 8};
+    EXPECT_EQ(useCluster(list, &index, 1), nullptr);
+    EXPECT_EQ(index.first, 3);
+    EXPECT_EQ(index.count, 2);
+    int32_t count = 77;
+    EXPECT_EQ(useCluster(list, 0, &count), nullptr);
+    EXPECT_EQ(count, 3);
+    EXPECT_EQ(usePath(host.record(), 1, &count), nullptr);
+    EXPECT_EQ(count, 2);
+    EXPECT_EQ(useCluster(list, 2, &count), nullptr);
+    EXPECT_EQ(count, 0);
+}
+
 TEST(RecordHelpers, ClusterNumbersOutOfRangeLeaveTheIndexAlone) {
     PathScene host;
     const VLIST& list = *reinterpret_cast<VLIST*>(host.scene.data() + 11740);
