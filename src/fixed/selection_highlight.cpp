@@ -68,7 +68,7 @@ Vec3 highlightColor(uint32_t highlight) {
 void drawHighlights(const SCENE& scene, const VIEW& view) {
     const DebugGroup group("selection highlights");
     const SceneLists lists(scene);
-    const int count = cacheEntryCount(view);
+    const int count = visitedObjectCount(scene, lists);
     setState();
     for (int k = 0; k < count; ++k) {
         const OBJECT* object = lists.objects.at(k); // hidden ones are highlighted too

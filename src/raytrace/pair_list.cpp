@@ -39,8 +39,7 @@ PairList::PairList(const SCENE& scene, const SceneLists& lists, int64_t most) {
 
 void PairList::collect(const SCENE& scene, const SceneLists& lists, size_t most) {
     const std::vector<bool> seen = seenMaterials(lists.materials);
-    const VIEW* view = viewOf(scene);
-    const int objects = view != nullptr ? cacheEntryCount(*view) : 0;
+    const int objects = visitedObjectCount(scene, lists);
     for (int object = 0; object < objects && !tooLong_; ++object) {
         const ItemRange range = seenFaces(lists, object);
         for (int f = range.first; f < range.end(); ++f) {

@@ -41,8 +41,7 @@ ExportFaces::ExportFaces(const SCENE& scene, const SceneLists& lists) {
     std::vector<Found> found;
     const int materials = lists.materials.size();
     std::vector<size_t> counts(static_cast<size_t>(materials) + 1, 0);
-    const VIEW* view = viewOf(scene);
-    const int objects = view != nullptr ? cacheEntryCount(*view) : 0;
+    const int objects = visitedObjectCount(scene, lists);
     for (int object = 0; object < objects; ++object) {
         if (!lists.isDrawn(object))
             continue;

@@ -129,12 +129,9 @@ Ray pickRay(const SCENE& scene, const ViewPixel& pixel) {
 
 std::vector<PickedObject> pickObjects(const SCENE& scene, const Ray& ray, CandidateSearch search) {
     std::vector<PickedObject> picked;
-    const VIEW* view = viewOf(scene);
-    if (view == nullptr)
-        return picked;
     const SceneLists lists(scene);
     FaceSearch faces(lists, ray, search);
-    const int count = std::min<int>(view->objectCache.count, lists.objects.size());
+    const int count = visitedObjectCount(scene, lists);
     for (int k = 0; k < count; ++k) {
         float distance = 0.0f;
         if (lists.isDrawn(k) && faces.nearest(lists.faces.cluster(k), distance))

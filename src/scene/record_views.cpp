@@ -4,6 +4,8 @@
 
 #include "scene/triangle_hit.h"
 
+#include <algorithm>
+
 namespace ogl {
 
 namespace {
@@ -50,6 +52,11 @@ const TEXTURESLOT* textureSlot(const SceneLists& lists, const MATERIAL& material
 
 bool holdsImage(const TEXTURESLOT& slot) {
     return static_cast<bool>(slot.color) || static_cast<bool>(slot.alternativeColor);
+}
+
+int visitedObjectCount(const SCENE& scene, const SceneLists& lists) {
+    const VIEW* view = viewOf(scene);
+    return view != nullptr ? std::clamp<int>(view->objectCache.count, 0, lists.objects.size()) : 0;
 }
 
 CACHEENTRY* cacheEntry(const VIEW& view, int k) {

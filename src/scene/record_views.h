@@ -138,6 +138,10 @@ inline VIEW* viewOf(const SCENE& scene) {
     return scene.geometry.view.get();
 }
 
+/// Number of objects that a call visits: what the object cache's count says, as far as there are
+/// objects. The cache need not have entries.
+int visitedObjectCount(const SCENE& scene, const SceneLists& lists);
+
 /// Entry `k` of the object cache for writing, or null; and the number of entries.
 CACHEENTRY* cacheEntry(const VIEW& view, int k);
 int cacheEntryCount(const VIEW& view);

@@ -138,6 +138,23 @@ TEST(RayPacking, LeavesOutWhatRaysDoNotSee) {
     }
 }
 
+TEST(RayPacking, TheObjectCacheSaysHowManyObjectsThereAre) {
+    TestScene scene;
+    scene.addMaterial(plainMaterial());
+    for (int k = 0; k < 3; ++k) {
+        scene.addObject();
+        scene.addFace(quad({0, 0, 0}, {0, 1, 0}, {1, 1, 0}, {1, 0, 0}));
+    }
+    scene.commit();
+    scene.view().objectCache.data = nullptr; // its count is enough
+    for (const int count : {3, 2, 0, -1, 1000000}) {
+        scene.view().objectCache.count = count;
+        PackedScene packed;
+        EXPECT_TRUE(packScene(scene.scene(), kLargeSide, packed));
+        EXPECT_EQ(packed.triangleCount(), 2 * std::clamp(count, 0, 3)) << count;
+    }
+}
+
 TEST(RayPacking, NormalsHaveUnitLength) {
     TestScene scene;
     scene.addMaterial(plainMaterial());

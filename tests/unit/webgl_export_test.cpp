@@ -134,6 +134,12 @@ TEST_F(WebGLExport, BlocksComeByMaterialThenByObject) {
     EXPECT_EQ(allBetween(text, "object.vertices=[", "]"), expected);
     EXPECT_EQ(allBetween(text, "object.numVertices=", ";"),
               (std::vector<std::string>{"3", "3", "6", "6"}));
+    // Of the object cache only its count matters.
+    fixture.view().objectCache.data = nullptr;
+    EXPECT_EQ(documentAt(folder.file("scene.js")), text);
+    fixture.view().objectCache.count = 1;
+    EXPECT_EQ(allBetween(documentAt(folder.file("scene.js")), "object.numVertices=", ";"),
+              (std::vector<std::string>{"3", "6", "6"}));
 }
 
 TEST_F(WebGLExport, VertexNormalsAreWrittenAsStoredUnlessTheyAreTooShort) {
