@@ -18,11 +18,17 @@ constexpr uint32_t kPreviewChanged = 0x1;
 constexpr uint32_t kPreviewMeshesBuilt = 0x2;
 constexpr uint32_t kPreviewEdgesDue = 0x4;
 
+/// Objects without triangles get no list of surfaces, those whose materials are all unused an empty
+/// one.
+bool getsList(const MeshBatchBuilder& builder, int object, const std::vector<BatchSize>& sizes) {
+    return !sizes.empty() || builder.countTriangles(object) != 0;
+}
+
 /// Builds and parks the surfaces of all objects together in the host's preview record.
 void buildPreviewMeshes(const SCENE& scene, Ptr32<MeshBatchList>& slot, Box& bounds) {
     MeshBatchBuilder builder(scene);
     const std::vector<BatchSize> sizes = builder.batchSizes(kAllObjects);
-    MeshBatchList* list = sizes.empty() ? nullptr : makeMeshBatchList();
+    MeshBatchList* list = getsList(builder, kAllObjects, sizes) ? makeMeshBatchList() : nullptr;
     if (list == nullptr)
         return;
     slot = list;
@@ -39,7 +45,7 @@ void buildMeshes(const SCENE& scene, const VIEW& view, Box& bounds) {
     MeshLayout layout;
     for (int k = 0; k < cacheEntryCount(view); ++k)
         if (lists.isDrawn(k))
-            if (const auto sizes = builder.batchSizes(k); !sizes.empty())
+            if (const auto sizes = builder.batchSizes(k); getsList(builder, k, sizes))
                 layout.add(k, sizes);
     layout.place(lists.materials.size());
     MeshUpload upload(layout);

@@ -39,6 +39,9 @@ TEST_F(HeadsUpDisplay, WritesTheLinesThatTheRecordAsksFor) {
         scene_->addObject();
         scene_->addFace(plate(x, -9, x + 1, -8));
     }
+    // An object whose surfaces show nowhere, since nothing uses their material, counts too.
+    scene_->addObject();
+    scene_->addFace(plate(1, -9, 2, -8, 0, static_cast<int16_t>(scene_->addMaterial({}))));
     scene_->geometry().edgeOpacity = 0;
     scene_->commit();
     selectDrawing();
@@ -54,15 +57,15 @@ TEST_F(HeadsUpDisplay, WritesTheLinesThatTheRecordAsksFor) {
     };
     const std::vector<Line> statistics = {{"FPS = 50.0", 20, kBlack},
                                           {"200 x 200", 35, kBlack},
-                                          {"Nb meshes = 2", 50, kBlack},
-                                          {"Nb materials = 2", 65, kBlack}};
+                                          {"Nb meshes = 3", 50, kBlack},
+                                          {"Nb materials = 3", 65, kBlack}};
     const std::vector<Line> message = {{"Pick a wall", 20, kNavy},
                                        {"or a roof", 35, kNavy},
                                        {"FPS = 50.0", 65, kBlack},
                                        {"200 x 200", 80, kBlack}};
     std::vector<Line> both = message;
-    both.push_back({"Nb meshes = 2", 95, kBlack});
-    both.push_back({"Nb materials = 2", 110, kBlack});
+    both.push_back({"Nb meshes = 3", 95, kBlack});
+    both.push_back({"Nb materials = 3", 110, kBlack});
     for (const Row& row :
          {Row{"nothing", 0, 0x7f, {}}, Row{"half of the message's flags", 0x10, 0, {}},
           Row{"the other half", 0x20, 0, {}}, Row{"statistics", 0, 0x80, statistics},
