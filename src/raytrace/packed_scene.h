@@ -37,7 +37,7 @@ struct PackedScene {
     Vec3Array vertices; ///< three a triangle
     Vec3Array normals;  ///< unit length, one a vertex
     Vec3Array uvs;      ///< u, v and the number of the material record, one a vertex
-    std::vector<MaterialRecord> materialRecords; ///< one for each pair of a material and an object
+    std::vector<MaterialRecord> materialRecords; ///< of each material with each object
     std::vector<BoxRecord> objectBounds;         ///< of pairs with triangles; elements: cells
     std::vector<BoxRecord> gridCells;            ///< those with triangles; elements: triangles
     Box bounds;                                  ///< of all vertices

@@ -45,8 +45,7 @@ Vec3 texCoord(const ListView<TEXCOORD>& coords, int first, int i, float record) 
 
 } // namespace
 
-bool PairTriangles::read(const SceneLists& lists, const MaterialPair& pair, int record,
-                         int64_t mostTriangles) {
+bool PairTriangles::read(const SceneLists& lists, const MaterialPair& pair, int64_t mostTriangles) {
     positions.clear();
     normals.clear();
     uvs.clear();
@@ -55,7 +54,7 @@ bool PairTriangles::read(const SceneLists& lists, const MaterialPair& pair, int 
         const uint32_t flags = lists.faces.items()[face].flags;
         if (faceTriangles(lists, face, flags).triangleCount > mostTriangles - count())
             return false;
-        readFace(lists, face, static_cast<float>(record));
+        readFace(lists, face, static_cast<float>(pair.record));
     }
     return true;
 }

@@ -22,7 +22,7 @@ struct PairTriangles {
     /// Reads the pair's faces anew. A triangle with a corner that is no finite number is left out;
     /// a texture coordinate past the host's list is 0. False, with what there is room for, when
     /// there are more than `mostTriangles`.
-    bool read(const SceneLists& lists, const MaterialPair& pair, int record, int64_t mostTriangles);
+    bool read(const SceneLists& lists, const MaterialPair& pair, int64_t mostTriangles);
 
   private:
     void readFace(const SceneLists& lists, int number, float record);

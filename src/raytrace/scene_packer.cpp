@@ -28,10 +28,11 @@ class ScenePacker {
         : lists_(lists), limits_(largestSide), packed_(packed) {}
 
     bool pack(const SCENE& scene) {
-        const PairList list(scene, lists_, limits_.triangles);
+        const PairList list(scene, lists_, limits_);
         if (list.isTooLong())
             return false;
         reserve(list);
+        addMaterialRecords(list.records());
         for (const MaterialPair& pair : list.pairs())
             if (!packPair(pair))
                 return false;
@@ -46,17 +47,23 @@ class ScenePacker {
         packed_.vertices.reserve(vertices);
         packed_.normals.reserve(vertices);
         packed_.uvs.reserve(vertices);
-        packed_.materialRecords.reserve(list.pairs().size());
+    }
+
+    void addMaterialRecords(const std::vector<RecordRun>& runs) {
+        size_t count = 0;
+        for (const RecordRun& run : runs)
+            count += static_cast<size_t>(run.count);
+        std::vector<MaterialRecord>& records = packed_.materialRecords;
+        records.reserve(count);
+        for (const RecordRun& run : runs)
+            records.insert(records.end(), static_cast<size_t>(run.count),
+                           materialRecord(lists_.materials[run.material]));
     }
 
     int64_t roomForTriangles() const { return limits_.triangles - packed_.triangleCount(); }
 
     bool packPair(const MaterialPair& pair) {
-        const auto record = static_cast<int64_t>(packed_.materialRecords.size());
-        if (record >= limits_.materialRecords)
-            return false;
-        packed_.materialRecords.push_back(materialRecord(lists_.materials[pair.material]));
-        if (!triangles_.read(lists_, pair, static_cast<int>(record), roomForTriangles()))
+        if (!triangles_.read(lists_, pair, roomForTriangles()))
             return false;
         if (triangles_.count() == 0)
             return true;
