@@ -29,7 +29,7 @@ constexpr MapRow kSpecular{kSpecularMap, 2, "specularMap", "hasSpecularTexture"}
 constexpr MapRow kOpacity{kOpacityMap, 3, "opacityMap", "hasOpacityTexture"};
 
 bool hasTexture(const TextureImage* image) {
-    return image != nullptr && image->texture.exists();
+    return image != nullptr && image->hasTexture();
 }
 
 void bindMap(const Renderer& renderer, const ShaderProgram& program, const MapRow& map,
@@ -41,7 +41,7 @@ void bindMap(const Renderer& renderer, const ShaderProgram& program, const MapRo
         resetTextureUnit(map.unit);
         return;
     }
-    bindTexture(map.unit, TextureKind::Repeating, image->texture.name(), GL_LINEAR,
+    bindTexture(map.unit, TextureKind::Repeating, image->textureName(), GL_LINEAR,
                 renderer.maxAnisotropy);
     if (map.bit == kOpacityMap) {
         glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR);

@@ -121,7 +121,7 @@ TextureImage* makeTextureImage(const TextureFile& file) {
     image->height = file.height;
     image->role = combination->role;
     image->pixelFormat = combination->pixelFormat;
-    image->pixels = std::move(pixels);
+    image->setBytes(std::move(pixels));
     return image;
 }
 

@@ -31,15 +31,15 @@ bool fitsTheDriver(const TextureImage& image) {
 /// Gives the image a texture of these pixels instead of the one it has. An image that is too large
 /// for the driver stays without.
 void replaceTexture(TextureImage& image, unsigned pixelFormat, const uint8_t* pixels) {
-    image.texture.reset();
+    image.setTexture({});
     if (fitsTheDriver(image))
-        image.texture =
-            createTexture2D(TextureKind::Repeating, pixelFormat, image.width, image.height, pixels);
+        image.setTexture(createTexture2D(TextureKind::Repeating, pixelFormat, image.width,
+                                         image.height, pixels));
 }
 
 void createTexture(TextureImage& image) {
-    if (!image.texture.exists() && hasAllPixels(image))
-        replaceTexture(image, image.pixelFormat, image.pixels.data());
+    if (!image.hasTexture() && hasAllPixels(image))
+        replaceTexture(image, image.pixelFormat, image.bytes().data());
 }
 
 /// Calls `visit` with each pixel's first byte.
@@ -47,7 +47,7 @@ template <class Visitor> void forEachPixel(const TextureImage& image, const Visi
     const auto components = static_cast<size_t>(textureComponents(image.pixelFormat));
     const size_t rowBytes = textureRowBytes(image.pixelFormat, image.width);
     for (size_t y = 0; y < static_cast<size_t>(image.height); ++y) {
-        const uint8_t* pixel = image.pixels.data() + y * rowBytes;
+        const uint8_t* pixel = image.bytes().data() + y * rowBytes;
         for (int x = 0; x < image.width; ++x, pixel += components)
             visit(pixel);
     }
@@ -57,7 +57,7 @@ void createGreyTexture(TextureImage& image) {
     if (!hasAllPixels(image))
         return;
     if (image.pixelFormat == GL_LUMINANCE) {
-        replaceTexture(image, GL_LUMINANCE, image.pixels.data());
+        replaceTexture(image, GL_LUMINANCE, image.bytes().data());
         return;
     }
     std::vector<uint8_t> grey;
@@ -87,7 +87,7 @@ TextureImage* makeBumpImage(const TextureImage& color) {
     bump->height = color.height;
     bump->role = TextureRole::Bump;
     bump->pixelFormat = components == 3 ? GL_RGB : GL_RGBA;
-    bump->pixels = std::move(pixels);
+    bump->setBytes(std::move(pixels));
     return bump;
 }
 
@@ -145,13 +145,13 @@ UsedImages usedImages(const SCENE& scene) {
 void buildNormalMap(TextureImage& image, float strength) {
     // The same bits: a strength that is no number equals itself, too.
     const bool same = std::bit_cast<uint32_t>(strength) == std::bit_cast<uint32_t>(image.strength);
-    if (same && image.texture.exists())
+    if (same && image.hasTexture())
         return;
     image.strength = strength;
     if ((image.pixelFormat != GL_RGB && image.pixelFormat != GL_RGBA) || !hasAllPixels(image))
         return;
     const Image normals = normalMapOf(
-        {.pixels = image.pixels,
+        {.pixels = image.bytes(),
          .width = image.width,
          .height = image.height,
          .levels = 1,

@@ -4,7 +4,20 @@
 
 #include "platform/memory32.h"
 
+#include <utility>
+
 namespace ogl {
+
+void TextureImage::setBytes(std::vector<uint8_t> bytes) {
+    bytes_ = std::move(bytes);
+    pixels = bytes_.data();
+}
+
+void TextureImage::setTexture(GLTexture made) {
+    ownTexture_.reset();
+    ownTexture_ = std::move(made);
+    texture = ownTexture_.name();
+}
 
 int textureComponents(uint32_t pixelFormat) {
     switch (pixelFormat) {
@@ -31,7 +44,7 @@ bool hasAllPixels(const TextureImage& image) {
     if (image.width <= 0 || image.height <= 0)
         return false;
     const size_t row = textureRowBytes(image.pixelFormat, image.width);
-    return row != 0 && image.pixels.size() / row >= static_cast<size_t>(image.height);
+    return row != 0 && image.bytes().size() / row >= static_cast<size_t>(image.height);
 }
 
 TextureImage* liveImage(TextureImage* address) {

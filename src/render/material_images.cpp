@@ -20,7 +20,7 @@ MaterialImages materialImages(const MATERIAL& material, const SceneLists& lists,
     images.opacity = liveImage(slot->opacity.get());
     // A bump image from which no normal map was made does not hide the given one.
     images.normal = liveImage(slot->bump.get());
-    if (images.normal == nullptr || !images.normal->texture.exists())
+    if (images.normal == nullptr || !images.normal->hasTexture())
         images.normal = liveImage(slot->normalMap.get());
     images.specular = liveImage(slot->specular.get());
     return images;

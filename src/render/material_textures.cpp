@@ -27,7 +27,7 @@ void combineAlphaOnly() {
 
 /// Alpha maps are grey: their brightness is the alpha.
 void bindAlphaMap(const TextureImage& image, float anisotropy) {
-    bindTexture(1, TextureKind::Repeating, image.texture.name(), GL_LINEAR, anisotropy);
+    bindTexture(1, TextureKind::Repeating, image.textureName(), GL_LINEAR, anisotropy);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
     if (GLEW_ARB_texture_swizzle)
@@ -48,13 +48,13 @@ void Renderer::bindMaterialTextures(const MATERIAL& material, int& textured, int
     sharedSlot = images.shared ? 1 : 0;
     textured = images.color != nullptr ? 1 : 0;
     alphaMap = images.opacity != nullptr ? 1 : 0;
-    if (images.opacity != nullptr && images.opacity->texture.exists())
+    if (images.opacity != nullptr && images.opacity->hasTexture())
         bindAlphaMap(*images.opacity, maxAnisotropy);
     else
         resetTextureUnit(1);
     // Unit 0 last, so that it is the active one.
-    if (images.color != nullptr && images.color->texture.exists())
-        bindTexture(0, TextureKind::Repeating, images.color->texture.name(), GL_LINEAR,
+    if (images.color != nullptr && images.color->hasTexture())
+        bindTexture(0, TextureKind::Repeating, images.color->textureName(), GL_LINEAR,
                     maxAnisotropy);
     else
         resetTextureUnit(0);

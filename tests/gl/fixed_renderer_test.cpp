@@ -57,19 +57,20 @@ class FixedRendererTest : public GLTest {
 TextureImage* makeQuarters(unsigned format, const std::array<Pixel, 4>& quarters) {
     constexpr int kSize = 64;
     TextureImage* image = makeTextureImage();
-    const int bytes = format == GL_LUMINANCE ? 1 : 3;
+    const int components = format == GL_LUMINANCE ? 1 : 3;
+    std::vector<uint8_t> bytes;
     for (int y = 0; y < kSize; ++y)
         for (int x = 0; x < kSize; ++x) {
             const Pixel& color =
                 quarters[static_cast<size_t>((y >= kSize / 2 ? 2 : 0) + (x >= kSize / 2 ? 1 : 0))];
             const int channels[] = {color.red, color.green, color.blue};
-            for (int i = 0; i < bytes; ++i)
-                image->pixels.push_back(static_cast<uint8_t>(channels[i]));
+            for (int i = 0; i < components; ++i)
+                bytes.push_back(static_cast<uint8_t>(channels[i]));
         }
     image->width = image->height = kSize;
     image->pixelFormat = format;
-    image->texture =
-        createTexture2D(TextureKind::Repeating, format, kSize, kSize, image->pixels.data());
+    image->setTexture(createTexture2D(TextureKind::Repeating, format, kSize, kSize, bytes.data()));
+    image->setBytes(std::move(bytes));
     return image;
 }
 

@@ -28,12 +28,13 @@ constexpr Vec3 kBackground{0.25f, 0.5f, 0.75f};
 TextureImage* makeHalves(uint8_t bright, uint8_t dark) {
     constexpr int kSize = 16;
     TextureImage* image = makeTextureImage();
-    for (int i = 0; i < kSize * kSize; ++i)
-        image->pixels.push_back(i < kSize * kSize / 2 ? bright : dark);
+    std::vector<uint8_t> bytes(kSize * kSize / 2, bright);
+    bytes.resize(kSize * kSize, dark);
     image->width = image->height = kSize;
     image->pixelFormat = GL_LUMINANCE;
-    image->texture =
-        createTexture2D(TextureKind::Repeating, GL_LUMINANCE, kSize, kSize, image->pixels.data());
+    image->setTexture(
+        createTexture2D(TextureKind::Repeating, GL_LUMINANCE, kSize, kSize, bytes.data()));
+    image->setBytes(std::move(bytes));
     return image;
 }
 

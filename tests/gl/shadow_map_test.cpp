@@ -170,8 +170,10 @@ TEST_F(ShadowMapTest, OpacityMapsCutHolesIntoShadows) {
     leaf.get()->width = leaf.get()->height = kSize;
     leaf.get()->pixelFormat = GL_LUMINANCE;
     leaf.get()->role = TextureRole::Opacity;
+    std::vector<uint8_t> bytes;
     for (int i = 0; i < kSize * kSize; ++i)
-        leaf.get()->pixels.push_back(i % kSize < kSize / 2 ? 255 : 0);
+        bytes.push_back(i % kSize < kSize / 2 ? 255 : 0);
+    leaf.get()->setBytes(std::move(bytes));
     MATERIAL material = plainMaterial();
     material.inlineTexture.opacity = leaf.get();
     const auto cut = static_cast<int16_t>(scene_->addMaterial(material));

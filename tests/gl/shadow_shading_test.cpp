@@ -33,9 +33,11 @@ TextureImage* makeImage(unsigned format, Pixel color, TextureRole role) {
     image->width = image->height = kSize;
     image->pixelFormat = format;
     image->role = role;
+    std::vector<uint8_t> bytes;
     for (int i = 0; i < kSize * kSize; ++i)
         for (const int channel : {color.red, color.green, color.blue})
-            image->pixels.push_back(static_cast<uint8_t>(channel));
+            bytes.push_back(static_cast<uint8_t>(channel));
+    image->setBytes(std::move(bytes));
     return image;
 }
 

@@ -106,7 +106,7 @@ class TextureTest : public GLTest {
     }
     static Bytes texelsOf(const TextureImage& image, unsigned format, int components) {
         Bytes bytes(static_cast<size_t>(image.width * image.height * components));
-        glBindTexture(GL_TEXTURE_2D, image.texture.name());
+        glBindTexture(GL_TEXTURE_2D, image.textureName());
         glPixelStorei(GL_PACK_ALIGNMENT, 1);
         glGetTexImage(GL_TEXTURE_2D, 0, format, GL_UNSIGNED_BYTE, bytes.data());
         glBindTexture(GL_TEXTURE_2D, 0);
@@ -114,7 +114,7 @@ class TextureTest : public GLTest {
     }
     /// Marks a texture, so that one that was made again shows.
     static void mark(const TextureImage& image) {
-        glBindTexture(GL_TEXTURE_2D, image.texture.name());
+        glBindTexture(GL_TEXTURE_2D, image.textureName());
         const uint8_t value[] = {1, 2, 3, 4};
         glTexSubImage2D(GL_TEXTURE_2D, 0, 0, 0, 1, 1, GL_RGBA, GL_UNSIGNED_BYTE, value);
         glBindTexture(GL_TEXTURE_2D, 0);
@@ -226,7 +226,7 @@ TEST_F(TextureTest, GreysOpacityMapsInEveryPreparation) {
         EXPECT_EQ(texelsOf(image, GL_RED, 1), (Bytes{254, 0, 52, 0}));
         mark(image); // the next preparation makes another one
     }
-    EXPECT_EQ(image.pixels, pixels);
+    EXPECT_EQ(image.bytes(), pixels);
 }
 
 TEST_F(TextureTest, MakesTexturesOnceAndOnlyForUsedMaterials) {
@@ -239,14 +239,14 @@ TEST_F(TextureTest, MakesTexturesOnceAndOnlyForUsedMaterials) {
     FixedRenderer& renderer = selectDrawing();
     scene_->material(0).useCount = 0;
     prepareTextures(renderer);
-    EXPECT_FALSE(slot.color.get()->texture.exists());
+    EXPECT_FALSE(slot.color.get()->hasTexture());
     scene_->material(0).useCount = 1;
     scene_->material(0).bumpStrength = 1.0f; // the given normal map is enough
     prepareTextures(renderer);
     EXPECT_EQ(texelsOf(*slot.color.get(), GL_RGB, 3), (Bytes{3, 2, 1}));
     EXPECT_EQ(texelsOf(*slot.normalMap.get(), GL_RGB, 3), (Bytes{4, 5, 6}));
     EXPECT_EQ(texelsOf(*slot.specular.get(), GL_RED, 1), (Bytes{9}));
-    EXPECT_FALSE(slot.alternativeColor.get()->texture.exists());
+    EXPECT_FALSE(slot.alternativeColor.get()->hasTexture());
     EXPECT_EQ(this->slot().bump.get(), nullptr);
     for (const TextureImage* image : {slot.color.get(), slot.specular.get(), slot.normalMap.get()})
         mark(*image);
@@ -265,13 +265,14 @@ TEST_F(TextureTest, MakesNormalMapsAgainWhenTheStrengthChanges) {
     FixedRenderer& renderer = selectDrawing();
     const TextureImage& image = *slot.bump.get();
     prepareTextures(renderer);
-    EXPECT_FALSE(image.texture.exists()) << "without a strength";
+    EXPECT_FALSE(image.hasTexture()) << "without a strength";
     const Image bump{.pixels = pixels, .width = 5, .height = 3, .format = ImageFormat::Rgb8};
     for (const float strength : {1.0f, 2.0f, -0.5f, 1.0f}) {
         scene_->material(0).bumpStrength = strength;
         prepareTextures(renderer);
         EXPECT_EQ(texelsOf(image, GL_RGBA, 4), normalMapOf(bump, strength).pixels);
         EXPECT_EQ(image.strength, strength);
+        EXPECT_EQ(image.texture, image.textureName()) << "as the host sees it";
         mark(image);
         prepareTextures(renderer);
         EXPECT_TRUE(isMarked(image));
@@ -292,7 +293,7 @@ TEST_F(TextureTest, CopiesColorImagesAsBumpImages) {
         ASSERT_NE(bump, nullptr);
         EXPECT_EQ(bump->role, TextureRole::Bump);
         EXPECT_EQ(bump->pixelFormat, static_cast<unsigned>(bits == 24 ? GL_RGB : GL_RGBA));
-        EXPECT_EQ(bump->pixels, used);
+        EXPECT_EQ(bump->bytes(), used);
         const Image source{.pixels = used,
                            .width = 5,
                            .height = 3,
@@ -326,7 +327,7 @@ TEST_F(TextureTest, OutlivesTheViewThatMadeTheTexture) {
     renderer_.reset();
     releaseBatchesOf(scene_->entry(0));
     context_.reset(); // the last view takes all GL objects along
-    EXPECT_FALSE(slot.color.get()->texture.exists());
+    EXPECT_FALSE(slot.color.get()->hasTexture());
     GLTest::SetUp();
     scene_->entry(0).changeFlags = 1;
     selectDrawing();
@@ -341,7 +342,7 @@ TEST_F(TextureTest, LeavesImagesAloneThatAreTooLargeForTheDriver) {
                        kDib, 0, largest + 1, 1, 24});
     addRectangle(slot);
     prepareTextures(selectDrawing());
-    EXPECT_FALSE(slot.color.get()->texture.exists());
+    EXPECT_FALSE(slot.color.get()->hasTexture());
 }
 
 } // namespace

@@ -28,7 +28,7 @@ TextureImage* halfOpaque() {
     image->width = image->height = 4;
     image->role = TextureRole::Opacity;
     image->pixelFormat = GL_RGB;
-    image->pixels.assign(static_cast<size_t>(4 * 4 * 3), 128);
+    image->setBytes(std::vector<uint8_t>(4 * 4 * 3, 128));
     return image;
 }
 

@@ -119,10 +119,31 @@ TEST_F(TextureFileTest, KnowsTheseCombinationsAndNoOthers) {
                 EXPECT_EQ(image->width, 3);
                 EXPECT_EQ(image->height, 2);
                 EXPECT_EQ(image->strength, 1.0f);
-                EXPECT_FALSE(image->texture.exists());
+                EXPECT_FALSE(image->hasTexture());
                 EXPECT_TRUE(hasAllPixels(*image.get()));
             }
     }
+}
+
+TEST_F(TextureFileTest, ShowsHostsARecordWithoutGaps) {
+    const Bytes file = tgaFile(3, 2, 24);
+    const Made image({file, 7, 4, 3, 2, 24});
+    const auto* record = reinterpret_cast<const uint8_t*>(image.get());
+    ASSERT_NE(record, nullptr);
+    const auto at = [record](size_t offset, auto value) {
+        std::memcpy(&value, record + offset, sizeof value);
+        return value;
+    };
+    EXPECT_EQ(at(0, int32_t{}), 3);
+    EXPECT_EQ(at(4, int32_t{}), 2);
+    EXPECT_EQ(at(8, int32_t{}), 3);
+    EXPECT_EQ(at(12, uint32_t{}), 0x1907u);
+    EXPECT_EQ(at(16, uint32_t{}), 0xffffffffu);
+    const auto* pixels = at(20, static_cast<const uint8_t*>(nullptr));
+    ASSERT_NE(pixels, nullptr);
+    EXPECT_EQ(Bytes(pixels, pixels + 18),
+              (Bytes{12, 11, 10, 15, 14, 13, 18, 17, 16, 3, 2, 1, 6, 5, 4, 9, 8, 7}));
+    EXPECT_EQ(at(20 + sizeof pixels, float{}), 1.0f);
 }
 
 TEST_F(TextureFileTest, TakesTheRowLengthFromTheDib) {
@@ -131,13 +152,13 @@ TEST_F(TextureFileTest, TakesTheRowLengthFromTheDib) {
     wide.resize(40 + 12, 99);
     const Made padded({wide, 8, 0, 1, 2, 32});
     ASSERT_NE(padded.get(), nullptr);
-    EXPECT_EQ(padded->pixels, (Bytes{7, 8, 99, 99, 1, 2, 3, 4}));
+    EXPECT_EQ(padded->bytes(), (Bytes{7, 8, 99, 99, 1, 2, 3, 4}));
 
     Bytes unsized = dibFile(1, 2, 24);
     put<uint32_t>(unsized, 20, 0); // uncompressed bitmaps need not say it
     const Made image({unsized, 8, 4, 1, 2, 24});
     ASSERT_NE(image.get(), nullptr);
-    EXPECT_EQ(image->pixels, (Bytes{5, 6, 7, 1, 2, 3}));
+    EXPECT_EQ(image->bytes(), (Bytes{5, 6, 7, 1, 2, 3}));
 }
 
 // Each in memory of exactly its length, so that a sanitizer sees a read past the end.
@@ -212,7 +233,7 @@ TEST_F(TextureFileTest, RefusesTgasOfOtherComponents) {
     EXPECT_EQ(grey.get(), nullptr) << "it holds colours";
     const Made colors({palette.file(), 7, 0, 2, 1, 24});
     ASSERT_NE(colors.get(), nullptr);
-    EXPECT_EQ(colors->pixels, (Bytes{3, 2, 1, 6, 5, 4}));
+    EXPECT_EQ(colors->bytes(), (Bytes{3, 2, 1, 6, 5, 4}));
     palette.paletteStart = 1;
     const Made shifted({palette.file(), 7, 0, 2, 1, 24});
     EXPECT_EQ(shifted.get(), nullptr) << "the decoder would take other bytes for the palette";
