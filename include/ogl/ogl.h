@@ -57,7 +57,9 @@ int OGL_CALL d3_ExportJS(ogl::SCENE* scene, const char* path, int viewWidth, int
 int OGL_CALL d3_CreateTextureFromFile();
 
 /// Makes a texture image from the `size` bytes of a file at `data`; null for what it cannot read.
-/// Freed with d3_ReleasePointer, kReleaseTextureImage. `ctx` is ignored.
+/// `width` and `height` become the image's, whatever the file's own are; an image with too few
+/// pixels for them shows no texture. Freed with d3_ReleasePointer, kReleaseTextureImage. `ctx` is
+/// ignored.
 ogl::TextureImage* OGL_CALL d3_CreateTextureFromFileInMemory(ogl::RenderContext* ctx,
                                                              const void* data, int size, int usage,
                                                              int fileType, int width, int height,

@@ -56,51 +56,41 @@ const Combination* combinationOf(const TextureFile& file) {
     return found != std::end(kCombinations) ? found : nullptr;
 }
 
-bool readTga(const TextureFile& file, std::vector<uint8_t>& pixels) {
-    DecodedTga tga;
-    if (!decodeTgaMemory(file.bytes, file.width, file.height, tga) ||
-        8 * tga.components != file.bitsPerPixel)
-        return false;
-    pixels = std::move(tga.pixels);
-    return true;
+/// Bytes of a row of a DIB.
+size_t rowLength(const BITMAPINFOHEADER& header) {
+    if (header.biSizeImage != 0)
+        return header.biSizeImage / static_cast<size_t>(header.biHeight);
+    // Uncompressed bitmaps may leave their size out: rows are then padded to 4 bytes.
+    const auto width = static_cast<uint64_t>(std::max<int64_t>(header.biWidth, 0));
+    return static_cast<size_t>((width * header.biBitCount + 31) / 32 * 4);
 }
 
-/// The rows of a DIB as they lie in memory, the bottom row first.
-struct DibRows {
-    const uint8_t* first = nullptr;
-    size_t stride = 0;
-};
-
-bool findRows(const TextureFile& file, size_t rowBytes, DibRows& rows) {
+/// Copies the rows of a DIB, the last one first. Where they are as long as the rows of the image,
+/// they become those, with what padding the image has; shorter ones stay as they are.
+bool readDib(const TextureFile& file, unsigned pixelFormat, std::vector<uint8_t>& pixels) {
     BITMAPINFOHEADER header;
     if (file.bytes.size() < sizeof header)
         return false;
     std::memcpy(&header, file.bytes.data(), sizeof header);
-    if (header.biSize != sizeof header || header.biWidth != file.width ||
-        header.biHeight != file.height || header.biBitCount != file.bitsPerPixel ||
-        header.biCompression != BI_RGB)
+    if (header.biHeight <= 0)
         return false;
-    const auto height = static_cast<size_t>(file.height);
-    const size_t available = file.bytes.size() - sizeof header;
-    rows.first = file.bytes.data() + sizeof header;
-    // Uncompressed bitmaps may leave their size out: rows are then padded to 4 bytes.
-    rows.stride =
-        header.biSizeImage != 0 ? header.biSizeImage / height : (rowBytes + 3) & ~size_t{3};
-    return rows.stride >= rowBytes && available / rows.stride >= height;
-}
-
-bool readDib(const TextureFile& file, unsigned pixelFormat, std::vector<uint8_t>& pixels) {
-    const size_t rowBytes =
-        static_cast<size_t>(file.width) * (static_cast<size_t>(file.bitsPerPixel) / 8);
-    DibRows rows;
-    if (!findRows(file, rowBytes, rows))
+    const std::span<const uint8_t> rows = file.bytes.subspan(sizeof header);
+    const auto rowCount = static_cast<size_t>(header.biHeight);
+    const size_t stride = rowLength(header);
+    if (stride == 0)
+        return true;
+    if (rows.size() / stride < rowCount)
         return false;
-    const auto height = static_cast<size_t>(file.height);
-    const size_t targetStride = textureRowBytes(pixelFormat, file.width);
-    pixels.resize(targetStride * height);
-    for (size_t y = 0; y < height; ++y)
-        std::copy_n(rows.first + y * rows.stride, rowBytes,
-                    pixels.data() + (height - 1 - y) * targetStride);
+    const uint64_t pixelBytes = static_cast<uint64_t>(std::max(file.width, 0)) *
+                                static_cast<uint64_t>(textureComponents(pixelFormat));
+    const bool isLongEnough = stride >= pixelBytes;
+    const auto copied = static_cast<size_t>(isLongEnough ? pixelBytes : stride);
+    const auto targetStride =
+        static_cast<size_t>(isLongEnough ? textureRowBytes(pixelFormat, file.width) : stride);
+    pixels.resize(targetStride * rowCount);
+    for (size_t y = 0; y < rowCount; ++y)
+        std::copy_n(rows.begin() + static_cast<ptrdiff_t>(y * stride), copied,
+                    pixels.begin() + static_cast<ptrdiff_t>((rowCount - 1 - y) * targetStride));
     return true;
 }
 
@@ -108,11 +98,11 @@ bool readDib(const TextureFile& file, unsigned pixelFormat, std::vector<uint8_t>
 
 TextureImage* makeTextureImage(const TextureFile& file) {
     const Combination* combination = combinationOf(file);
-    if (combination == nullptr || file.width <= 0 || file.height <= 0)
+    if (combination == nullptr)
         return nullptr;
     std::vector<uint8_t> pixels;
     const bool read = file.type == kTextureFileTga
-                          ? readTga(file, pixels)
+                          ? decodeTgaMemory(file.bytes, pixels)
                           : readDib(file, combination->pixelFormat, pixels);
     TextureImage* image = read ? makeTextureImage() : nullptr;
     if (image == nullptr)

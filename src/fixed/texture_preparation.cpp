@@ -45,7 +45,7 @@ void createTexture(TextureImage& image) {
 /// Calls `visit` with each pixel's first byte.
 template <class Visitor> void forEachPixel(const TextureImage& image, const Visitor& visit) {
     const auto components = static_cast<size_t>(textureComponents(image.pixelFormat));
-    const size_t rowBytes = textureRowBytes(image.pixelFormat, image.width);
+    const auto rowBytes = static_cast<size_t>(textureRowBytes(image.pixelFormat, image.width));
     for (size_t y = 0; y < static_cast<size_t>(image.height); ++y) {
         const uint8_t* pixel = image.bytes().data() + y * rowBytes;
         for (int x = 0; x < image.width; ++x, pixel += components)

@@ -24,25 +24,32 @@ bool hasShiftedPalette(std::span<const uint8_t> file) {
     return file[1] != 0 && (file[3] != 0 || file[4] != 0);
 }
 
+bool decode(std::span<const uint8_t> file, std::vector<uint8_t>& decoded) {
+    if (file.size() > static_cast<size_t>(std::numeric_limits<int>::max()))
+        return false;
+    int width = 0;
+    int height = 0;
+    int components = 0;
+    const std::unique_ptr<stbi_uc, void (*)(void*)> pixels(
+        stbi_load_from_memory(file.data(), static_cast<int>(file.size()), &width, &height,
+                              &components, 0),
+        stbi_image_free);
+    if (pixels == nullptr)
+        return false;
+    const size_t bytes =
+        static_cast<size_t>(width) * static_cast<size_t>(height) * static_cast<size_t>(components);
+    decoded.assign(pixels.get(), pixels.get() + bytes);
+    return true;
+}
+
 } // namespace
 
-bool decodeTgaMemory(std::span<const uint8_t> file, int width, int height, DecodedTga& image) {
+bool decodeTgaMemory(std::span<const uint8_t> file, std::vector<uint8_t>& pixels) {
     // The decoder takes zeros for what a file lacks, so the file is measured first.
-    if (!isWholeTga(file, width, height) || hasShiftedPalette(file) ||
-        file.size() > static_cast<size_t>(std::numeric_limits<int>::max()))
+    if (!isWholeTga(file))
         return false;
-    int decodedWidth = 0;
-    int decodedHeight = 0;
-    const std::unique_ptr<stbi_uc, void (*)(void*)> pixels(
-        stbi_load_from_memory(file.data(), static_cast<int>(file.size()), &decodedWidth,
-                              &decodedHeight, &image.components, 0),
-        stbi_image_free);
-    if (pixels == nullptr || decodedWidth != width || decodedHeight != height)
-        return false;
-    const size_t bytes = static_cast<size_t>(width) * static_cast<size_t>(height) *
-                         static_cast<size_t>(image.components);
-    image.pixels.assign(pixels.get(), pixels.get() + bytes);
-    return true;
+    return hasShiftedPalette(file) ? decode(withPaletteFromZero(file), pixels)
+                                   : decode(file, pixels);
 }
 
 } // namespace ogl

@@ -4,6 +4,7 @@
 
 #include "platform/memory32.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace ogl {
@@ -34,17 +35,17 @@ int textureComponents(uint32_t pixelFormat) {
     }
 }
 
-size_t textureRowBytes(uint32_t pixelFormat, int width) {
-    const size_t bytes =
-        static_cast<size_t>(width) * static_cast<size_t>(textureComponents(pixelFormat));
-    return pixelFormat == GL_BGR ? (bytes + 3) & ~size_t{3} : bytes;
+uint64_t textureRowBytes(uint32_t pixelFormat, int width) {
+    const uint64_t bytes = static_cast<uint64_t>(std::max(width, 0)) *
+                           static_cast<uint64_t>(textureComponents(pixelFormat));
+    return pixelFormat == GL_BGR ? (bytes + 3) & ~uint64_t{3} : bytes;
 }
 
 bool hasAllPixels(const TextureImage& image) {
     if (image.width <= 0 || image.height <= 0)
         return false;
-    const size_t row = textureRowBytes(image.pixelFormat, image.width);
-    return row != 0 && image.bytes().size() / row >= static_cast<size_t>(image.height);
+    const uint64_t row = textureRowBytes(image.pixelFormat, image.width);
+    return row != 0 && image.bytes().size() / row >= static_cast<uint64_t>(image.height);
 }
 
 TextureImage* liveImage(TextureImage* address) {

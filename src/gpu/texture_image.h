@@ -66,8 +66,9 @@ struct TextureImage : TextureImageRecord {
 int textureComponents(uint32_t pixelFormat);
 
 /// Bytes of a row as createTexture2D reads it: of GL_BGR padded to 4 bytes, as in the bitmaps
-/// that these images come from, of other formats without padding.
-size_t textureRowBytes(uint32_t pixelFormat, int width);
+/// that these images come from, of other formats without padding. Hosts name any `width`; less than
+/// 0 counts as 0.
+uint64_t textureRowBytes(uint32_t pixelFormat, int width);
 
 /// Whether the image has a size and bytes for all its rows.
 bool hasAllPixels(const TextureImage& image);

@@ -210,10 +210,29 @@ bool readAll(std::FILE* file, std::vector<uint8_t>& bytes) {
 
 } // namespace
 
-bool isWholeTga(std::span<const uint8_t> file, int width, int height) {
+bool isWholeTga(std::span<const uint8_t> file) {
     TgaFile parts;
-    return split(file, parts) && static_cast<int>(parts.header.width) == width &&
-           static_cast<int>(parts.header.height) == height;
+    return split(file, parts);
+}
+
+std::vector<uint8_t> withPaletteFromZero(std::span<const uint8_t> wholeFile) {
+    constexpr size_t kMostEntries = 65535; // that the header can count
+    TgaFile parts;
+    if (!split(wholeFile, parts) || !parts.header.hasPalette)
+        return {wholeFile.begin(), wholeFile.end()};
+    const TgaHeader& header = parts.header;
+    const size_t kept = std::min(header.paletteLength, kMostEntries - header.paletteStart);
+    const size_t entries = header.paletteStart + kept;
+    const Bytes start = wholeFile.first(kHeaderBytes + header.idLength);
+    const Bytes palette = parts.palette.first(kept * header.entryBytes());
+    std::vector<uint8_t> file(start.begin(), start.end());
+    file[3] = file[4] = 0;
+    file[5] = static_cast<uint8_t>(entries);
+    file[6] = static_cast<uint8_t>(entries >> 8);
+    file.insert(file.end(), header.paletteStart * header.entryBytes(), uint8_t{0});
+    file.insert(file.end(), palette.begin(), palette.end());
+    file.insert(file.end(), parts.data.begin(), parts.data.end());
+    return file;
 }
 
 bool decodeTga(std::span<const uint8_t> file, Image& image) {

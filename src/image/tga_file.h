@@ -18,8 +18,11 @@ bool loadTga(const char* path, Image& image);
 /// The same for a file in memory.
 bool decodeTga(std::span<const uint8_t> file, Image& image);
 
-/// Whether the bytes are a TGA file of `width` x `height` pixels, of any number of bits, that
-/// lacks nothing of its data.
-bool isWholeTga(std::span<const uint8_t> file, int width, int height);
+/// Whether the bytes are a TGA file, of any number of bits, that lacks nothing of its data.
+bool isWholeTga(std::span<const uint8_t> file);
+
+/// A whole TGA file whose palette begins with pixel value 0: where that of `wholeFile` begins
+/// later, black entries come before it.
+std::vector<uint8_t> withPaletteFromZero(std::span<const uint8_t> wholeFile);
 
 } // namespace ogl

@@ -334,6 +334,30 @@ TEST_F(TextureTest, OutlivesTheViewThatMadeTheTexture) {
     EXPECT_TRUE(isNear(pixelAt(drawFrame(), 0, 0), {200, 120, 40}, 1));
 }
 
+TEST_F(TextureTest, MakesNoTextureFromTooFewPixels) {
+    const Bytes tga =
+        TgaBytes{.width = 2, .height = 2, .data = Bytes(12, 200)}.file(); // the call says 64 x 64
+    const Bytes dib = dibBytes(2, 2, 24, Bytes(12, 200));
+    for (const bool copiesBump : {false, true}) {
+        renewScene();
+        TEXTURESLOT slot{};
+        slot.color = make({tga, kTga, 0, 64, 64, 24});
+        slot.specular = make({tga, kTga, 3, 64, 64, 24});
+        slot.opacity = make({dib, kDib, 1, 64, 64, 24});
+        if (!copiesBump)
+            slot.bump = make({dib, kDib, 4, 64, 64, 24});
+        ASSERT_TRUE(slot.color && slot.specular && slot.opacity);
+        addRectangle(slot);
+        scene_->material(0).bumpStrength = 1.0f;
+        selectDrawing();
+        drawFrame();
+        EXPECT_EQ(static_cast<bool>(this->slot().bump), !copiesBump);
+        for (const TextureImage* image :
+             {slot.color.get(), slot.specular.get(), slot.opacity.get()})
+            EXPECT_FALSE(image->hasTexture());
+    }
+}
+
 TEST_F(TextureTest, LeavesImagesAloneThatAreTooLargeForTheDriver) {
     GLint largest = 0;
     glGetIntegerv(GL_MAX_TEXTURE_SIZE, &largest);

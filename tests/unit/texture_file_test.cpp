@@ -181,62 +181,115 @@ TEST_F(TextureFileTest, RefusesEveryTruncation) {
         }
 }
 
-TEST_F(TextureFileTest, RefusesNumbersThatContradictTheFile) {
+TEST_F(TextureFileTest, TakesTheSizeFromTheCall) {
     const struct {
         int width, height, bits;
-    } rows[] = {{4, 3, 24},     {3, 4, 24},         {2, 3, 24},          {3, 2, 24},  {3, 3, 32},
-                {0, 3, 24},     {3, 0, 24},         {-3, 3, 24},         {3, -3, 24}, {-3, -3, 24},
-                {kMost, 3, 24}, {kMost, kMost, 24}, {kLeast, kLeast, 24}};
+        bool tgaIsEnough, dibIsEnough; ///< for a texture
+    } rows[] = {{3, 3, 24, true, true},
+                {3, 2, 24, true, true},
+                {2, 3, 24, true, true},
+                {9, 1, 24, true, true},
+                {4, 3, 24, false, true}, // a DIB's rows are that long with their padding
+                {3, 4, 24, false, false},
+                {3, 3, 32, false, true},
+                {0, 3, 24, false, false},
+                {3, 0, 24, false, false},
+                {-3, 3, 24, false, false},
+                {3, -3, 24, false, false},
+                {-3, -3, 24, false, false},
+                {kMost, 3, 24, false, false},
+                {0x40000001, 1, 32, false, false}, // 4 bytes where sizes have 32 bits
+                {kMost, kMost, 24, false, false},
+                {kLeast, kLeast, 24, false, false}};
     for (const auto& row : rows)
         for (const int type : {7, 8}) {
+            SCOPED_TRACE(testing::Message() << "type " << type << ": " << row.width << " x "
+                                            << row.height << ", " << row.bits);
             const Bytes file = type == 7 ? tgaFile(3, 3, 24) : dibFile(3, 3, 24);
             const Made image({file, type, 0, row.width, row.height, row.bits});
-            EXPECT_EQ(image.get(), nullptr)
-                << "type " << type << ": " << row.width << " x " << row.height << ", " << row.bits;
+            ASSERT_NE(image.get(), nullptr);
+            EXPECT_EQ(image->width, row.width);
+            EXPECT_EQ(image->height, row.height);
+            EXPECT_EQ(hasAllPixels(*image.get()), type == 7 ? row.tgaIsEnough : row.dibIsEnough);
         }
+    // The top rows of a higher image, the left columns of a wider one.
+    const Made low({dibFile(2, 3, 24), 8, 4, 1, 1, 24});
+    ASSERT_TRUE(low.get() != nullptr && hasAllPixels(*low.get()));
+    EXPECT_EQ(Bytes(low->bytes().begin(), low->bytes().begin() + 3), (Bytes{17, 18, 19}));
 }
 
-TEST_F(TextureFileTest, RefusesDamagedDibs) {
+TEST_F(TextureFileTest, ReadsADibByItsHeightAndSizeAlone) {
     const struct {
         const char* name;
         size_t offset;
         uint32_t value;
-        int width, height;
+        bool isMade, isEnough;
     } rows[] = {
-        {"another header", 0, 108, 3, 3},
-        {"negative width", 4, static_cast<uint32_t>(-3), -3, 3},
-        {"negative height", 8, static_cast<uint32_t>(-3), 3, -3},
-        {"huge width", 4, 0x7fffffff, 0x7fffffff, 3},
-        {"huge height", 8, 0x7fffffff, 3, 0x7fffffff},
-        {"compressed", 16, 1, 3, 3},
-        {"with colour masks", 16, 3, 3, 3},
-        {"rows too short", 20, 3 * 8, 3, 3},
-        {"rows past the end", 20, 3 * 16, 3, 3},
-        {"huge rows", 20, 0xffffffff, 3, 3},
+        {"another header's size", 0, 108, true, true},
+        {"another width", 4, 77, true, true},
+        {"another depth", 14, 8, true, true},
+        {"a compression", 16, 1, true, true},
+        {"fewer rows", 8, 2, true, false},
+        {"shorter rows", 20, 3 * 8, true, false},
+        {"rows of no length", 20, 2, true, false},
+        {"no rows", 8, 0, false, false},
+        {"rows downwards", 8, static_cast<uint32_t>(-3), false, false},
+        {"rows past the end", 20, 3 * 16, false, false},
+        {"huge rows", 20, 0xffffffff, false, false},
     };
     for (const auto& row : rows) {
         Bytes file = dibFile(3, 3, 24);
         put(file, row.offset, row.value);
-        const Made image({file, 8, 0, row.width, row.height, 24});
-        EXPECT_EQ(image.get(), nullptr) << row.name;
+        const Made image({file, 8, 0, 3, 3, 24});
+        ASSERT_EQ(image.get() != nullptr, row.isMade) << row.name;
+        if (row.isMade) {
+            EXPECT_EQ(hasAllPixels(*image.get()), row.isEnough) << row.name;
+        }
+    }
+    // Without a size the rows are as long as width and depth of the header say.
+    const struct {
+        const char* name;
+        uint32_t width, height;
+        bool isMade;
+    } unsizedRows[] = {{"as they are", 3, 3, true},
+                       {"negative width", static_cast<uint32_t>(-3), 3, true},
+                       {"huge width", 0x7fffffff, 3, false},
+                       {"huge height", 3, 0x7fffffff, false}};
+    for (const auto& row : unsizedRows) {
+        Bytes file = dibFile(3, 3, 24);
+        put(file, 4, row.width);
+        put(file, 8, row.height);
+        put<uint32_t>(file, 20, 0);
+        EXPECT_EQ(Made({file, 8, 0, 3, 3, 24}).get() != nullptr, row.isMade) << row.name;
     }
 }
 
-TEST_F(TextureFileTest, RefusesTgasOfOtherComponents) {
-    TgaBytes palette{.imageType = 1,
-                     .width = 2,
-                     .height = 1,
-                     .bitsPerPixel = 8,
-                     .palette = counting(6),
-                     .data = {0, 1}};
-    const Made grey({palette.file(), 7, 3, 2, 1, 8});
-    EXPECT_EQ(grey.get(), nullptr) << "it holds colours";
-    const Made colors({palette.file(), 7, 0, 2, 1, 24});
-    ASSERT_NE(colors.get(), nullptr);
-    EXPECT_EQ(colors->bytes(), (Bytes{3, 2, 1, 6, 5, 4}));
-    palette.paletteStart = 1;
-    const Made shifted({palette.file(), 7, 0, 2, 1, 24});
-    EXPECT_EQ(shifted.get(), nullptr) << "the decoder would take other bytes for the palette";
+TEST_F(TextureFileTest, DecodesPalettesWhereverTheyBegin) {
+    TgaBytes tga{.imageType = 1,
+                 .width = 3,
+                 .height = 1,
+                 .bitsPerPixel = 8,
+                 .id = {9, 9},
+                 .palette = counting(6),
+                 .data = {0, 1, 2}};
+    const Bytes colors[] = {{3, 2, 1, 6, 5, 4, 3, 2, 1}, // values beyond it: the first entry
+                            {0, 0, 0, 3, 2, 1, 6, 5, 4},
+                            {0, 0, 0, 0, 0, 0, 3, 2, 1}};
+    for (const uint8_t start : {uint8_t{0}, uint8_t{1}, uint8_t{2}}) {
+        tga.paletteStart = start;
+        const Made image({tga.file(), 7, 0, 3, 1, 24});
+        ASSERT_NE(image.get(), nullptr) << int{start};
+        EXPECT_EQ(image->bytes(), colors[start]) << int{start};
+        // The file's components, whatever the call says of them.
+        const Made grey({tga.file(), 7, 3, 3, 1, 8});
+        ASSERT_NE(grey.get(), nullptr) << int{start};
+        EXPECT_EQ(grey->bytes(), colors[start]) << int{start};
+    }
+    Bytes late = tga.file();
+    late[3] = late[4] = 0xff; // its second entry has no number
+    const Made black({late, 7, 0, 3, 1, 24});
+    ASSERT_NE(black.get(), nullptr);
+    EXPECT_EQ(black->bytes(), Bytes(9, 0));
 }
 
 } // namespace
