@@ -55,7 +55,7 @@ inline constexpr std::string_view kInitTextures =
     "\t\tif (object.hasDiffuseTex==1)\n"
     "\t\t\tobject.renderTexture.setImage(object.diffuseTexFN);\n"
     "\t}\n"
-    "}\n";
+    "}\n\n";
 
 // Up to the background colour.
 inline constexpr std::string_view kInitRenderer =

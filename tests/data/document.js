@@ -12,14 +12,14 @@ for (var i = 0; i < Scene.objects.length; i++)
 Scene.objects.length=0;
 var object=null;
 object=new RenderObject();
-object.vertices=[0,0,0.5,0,2,0.5,2.5,2,0.5,0,0,0.5,2.5,2,0.5,2.5,0,0.5];
-object.normals=[-0.6,-0,-0.8,-0.6,-0,-0.8,-0.6,-0,-0.8,-0.6,-0,-0.8,-0.6,-0,-0.8,-0.6,-0,-0.8];
-object.texuvs=[0,1,1,1,1,0,0,1,1,0,0.25,0.75];
-object.numVertices=6;
-object.diffuseMat=[0.625735,0.331618,0.184559,0.2];
-object.specularMat=[0.3,398.107,0.25,0];
-object.hasDiffuseTex=0;
-object.diffuseTexFN="";
+object.vertices=[@positions@];
+object.normals=[@normals@];
+object.texuvs=[@texuvs@];
+object.numVertices=@count@;
+object.diffuseMat=[@diffuse@];
+object.specularMat=[@specular@];
+object.hasDiffuseTex=@hasTexture@;
+object.diffuseTexFN="@link@";
 Scene.addObject(object);
 gl.bindBuffer(gl.ARRAY_BUFFER, null);
 
@@ -36,10 +36,10 @@ object.diffuseTexFN=null;
 Scene.addObject(object);
 gl.bindBuffer(gl.ARRAY_BUFFER, null);
 
-sceneCenter=vec3.fromValues( 1,1.21279,0.893603);
-eyeVec=vec3.fromValues( 1,-7,5);
-homeEyeVec=vec3.fromValues( 1,-7,5);
-homeSceneCenter=vec3.fromValues( 1,1.21279,0.893603);
+sceneCenter=vec3.fromValues( @center@);
+eyeVec=vec3.fromValues( @eye@);
+homeEyeVec=vec3.fromValues( @eye@);
+homeSceneCenter=vec3.fromValues( @center@);
 }
 
 function initTextures()
@@ -51,6 +51,7 @@ function initTextures()
 			object.renderTexture.setImage(object.diffuseTexFN);
 	}
 }
+
 function initRenderer()
 {
 var canvas = document.getElementById("imageScript_canvas");
@@ -60,10 +61,10 @@ document.onmousemove = handleMouseMove;
 document.onmousewheel = handleMouseWheel;
 gl.frontFace(gl.CW);
 gl.enable(gl.CULL_FACE);
-gl.clearColor(0.12549,0.501961,0.752941,1.0);
+gl.clearColor(@background@,1.0);
 if (objPrg!=null)
 	gl.deleteProgram(objPrg);
-objPrg=initProgram("VV","FF"); 
+objPrg=initProgram("@objectVertex@","@objectFragment@"); 
 gl.useProgram(objPrg);
 objPrg.vertPos		    = gl.getAttribLocation(objPrg, "vertPos");
 objPrg.vertNormal		= gl.getAttribLocation(objPrg, "vertNormal");
@@ -80,14 +81,14 @@ objPrg.lightDir		= gl.getUniformLocation(objPrg, "lightDir");
 objPrg.lightIntensity	= gl.getUniformLocation(objPrg, "lightIntensity");
 objPrg.ambientFactor	= gl.getUniformLocation(objPrg, "ambientFactor");
 var lightViewMatrix=mat4.create();
-mat4.lookAt(lightViewMatrix, [0.0760939,-1.34781,2.84781], [1.25,1,0.5], [0.0,0.0,1.0]);var lightProjMatrix=mat4.create();
-mat4.ortho(lightProjMatrix, -1.76086,1.76086,-1.76086,1.76086, 1.92094,5.1225);
+mat4.lookAt(lightViewMatrix, [@lightEye@], [@lightTarget@], [0.0,0.0,1.0]);var lightProjMatrix=mat4.create();
+mat4.ortho(lightProjMatrix, @halfSizes@, @near@,@far@);
 var lightViewProjMatrix=mat4.create();
 mat4.multiply(lightViewProjMatrix, lightProjMatrix, lightViewMatrix );
 gl.uniformMatrix4fv(objPrg.lightViewProjMat, false, lightViewProjMatrix);
-gl.uniform3f(objPrg.lightDir, -0.333333,-0.666667,0.666667);
-gl.uniform3f(objPrg.lightIntensity, 2,1,4);
-gl.uniform1f(objPrg.ambientFactor, 0.8);
+gl.uniform3f(objPrg.lightDir, @toLight@);
+gl.uniform3f(objPrg.lightIntensity, @intensity@);
+gl.uniform1f(objPrg.ambientFactor, @ambient@);
 gl.useProgram(null);
 if (uiPrg!=null)
 	gl.deleteProgram(uiPrg);
@@ -100,7 +101,7 @@ uiPrg.color			= gl.getUniformLocation(uiPrg, "color");
 var uiViewMatrix=mat4.create();
 mat4.identity(uiViewMatrix);
 var uiProjMatrix=mat4.create();
-mat4.ortho(uiProjMatrix, 0,800,0,500, 1,-1);
+mat4.ortho(uiProjMatrix, 0,@width@,0,@height@, 1,-1);
 var uiViewProjMatrix=mat4.create();
 mat4.multiply(uiViewProjMatrix, uiViewMatrix, uiProjMatrix);
 gl.uniformMatrix4fv(uiPrg.viewProjMat, false, uiViewProjMatrix);
@@ -137,20 +138,20 @@ gl.texImage2D(gl.TEXTURE_2D, 0, gl.RGBA, 9, 9, 0, gl.RGBA, gl.UNSIGNED_BYTE,  ne
 gl.bindTexture(gl.TEXTURE_2D, null);
 if (depthPrg!=null)
 	gl.deleteProgram(depthPrg);
-depthPrg=initProgram("DV","DF"); 
+depthPrg=initProgram("@depthVertex@","@depthFragment@"); 
 gl.useProgram(depthPrg);
 depthPrg.vertPos		    = gl.getAttribLocation(depthPrg, "vertPos");
 depthPrg.objColor		    = gl.getUniformLocation(depthPrg, "objColor");
 depthPrg.viewProjMat			= gl.getUniformLocation(depthPrg, "viewProjMat");
 gl.uniformMatrix4fv(depthPrg.viewProjMat, false, lightViewProjMatrix);
 gl.useProgram(null);
-viewFov=0.8;
-viewAspect=1.6;
-viewWidth=800;
-viewHeight=500;
+viewFov=@fov@;
+viewAspect=@aspect@;
+viewWidth=@width@;
+viewHeight=@height@;
 viewZoom=0;
 homeOrg=[0,0,0.0]; 
-homeExt=[0.113615,0.0710096,0.0]; 
+homeExt=[@extent@,0.0]; 
 vec3.copy(dOrg, homeOrg );
 vec3.copy(dExt, homeExt );
 console.log("dOrg:", dOrg);
@@ -159,7 +160,7 @@ initUI();
 initObjects();
 updateCamera(0.0,0.0);
 initTextures();
-console.log("bboxDiag:", 3.52172);
+console.log("bboxDiag:", @diagonal@);
 drawFrame();
 }
 initRenderer( );
