@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "gl/photo_fixture.h"
 #include "gl/shading_formulas.h"
+#include "gl/shadow_fixture.h"
 
 #include <cmath>
 
@@ -101,6 +102,21 @@ TEST_F(DeferredRendererTest, LampsAddTheirLight) {
     expectPixel(pixelAt(picture, 2, 1), shown(kBrick, pointAt(2.05f, 1.05f) + spot), "in the cone");
     // cos = 0.7 is 45 degrees off: the cone ends within 3.1.
     expectPixel(pixelAt(picture, 2, -3), shown(kBrick, pointAt(2.05f, -2.95f)), "outside the cone");
+}
+
+/// A cone of 45 degrees lights 60 degrees around its axis, which is more than its map shows.
+TEST_F(DeferredRendererTest, SpotLightsStopAtWalls) {
+    addWall();
+    scene_->addObject();
+    addBox(*scene_, {2, -3, 0}, {2.2f, 3, 2.5f});
+    const Vec3 cold{0.3f, 0.4f, 0.6f};
+    addLamps({test::spotLamp({0, 0, 3}, {0, 0, 0}, cold, 45)});
+    selectPhoto();
+    const Picture picture = drawFrame();
+    const auto spotAt = [&](float x) { return cold * (0.7f * 3.0f / std::hypot(x, 3.0f)); };
+    expectPixel(pixelAt(picture, -2, 0), shown(kBrick, spotAt(-1.95f)), "in the map");
+    expectPixel(pixelAt(picture, -3.6f, 0), shown(kBrick, spotAt(-3.55f)), "beside the map");
+    expectPixel(pixelAt(picture, 3.6f, 0), shown(kBrick), "behind the wall");
 }
 
 TEST_F(DeferredRendererTest, WhatThePictureIsMadeOf) {

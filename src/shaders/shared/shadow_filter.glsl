@@ -9,16 +9,14 @@ uniform float shadowBlurFactor;
 uniform mat4 shadowSamplesX;
 uniform mat4 shadowSamplesY;
 
-// 1 = lit. What the map does not show counts as lit.
+// 1 = lit. Beside the map its outermost texels go on: a spot light shines wider than its map. The
+// texture's wrap clamps the place, and GL the depth.
 float litAt(vec3 c) {
-    bool inside = all(greaterThanEqual(c, vec3(0.0))) && all(lessThanEqual(c, vec3(1.0)));
-    return inside ? shadow2D(shadowMap, c).r : 1.0;
+    return shadow2D(shadowMap, c).r;
 }
 
 // 0 = in the shadow, 1 = lit. q: projective coordinates of the place in the map.
 float filteredShadow(vec4 q) {
-    if (q.w <= 0.0)
-        return 1.0;
     vec3 c = q.xyz / q.w;
     float o = shadowBlurFactor * q.w;
     float sum = litAt(c + vec3(-o, 0.0, 0.0)) + litAt(c) + litAt(c + vec3(o, 0.0, 0.0)) +
