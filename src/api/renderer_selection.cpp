@@ -140,9 +140,11 @@ Renderer* selectRenderer(RenderContext& context, SCENE& scene, uint32_t drawFlag
     wglMakeCurrent(context.primary.dc, context.primary.glContext);
     ProcessState& state = processState();
     const int mode = scene.renderMode;
-    if (!selectsRenderer(mode))
+    if (!selectsRenderer(mode)) {
+        if (state.currentRenderer != nullptr)
+            prepare(*state.currentRenderer, context, scene, drawFlags);
         return state.currentRenderer;
-
+    }
     const bool keeps = state.currentRenderer != nullptr && drawsMode(*state.currentRenderer, mode);
     Renderer* selected =
         keeps ? state.currentRenderer : replaceRenderer(context, scene, drawFlags, mode);

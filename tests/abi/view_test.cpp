@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 namespace ogl::test {
 namespace {
@@ -40,8 +41,11 @@ class View {
 
 class ViewTest : public testing::Test {
   protected:
-    void draw(const View& view, const Dib& dib) {
-        EXPECT_EQ(library().drawInDibSection(view.get(), scene.record(), 1, dib.handle()), 1);
+    void draw(const View& view, const Dib& dib, uint32_t flags = kDrawFullQuality) {
+        draw(view, dib, flags, scene);
+    }
+    static void draw(const View& view, const Dib& dib, uint32_t flags, const WallScene& shown) {
+        EXPECT_EQ(library().drawInDibSection(view.get(), shown.record(), flags, dib.handle()), 1);
     }
     WallScene scene;
 };
@@ -110,14 +114,30 @@ TEST_F(ViewTest, ModesWithoutRendererLeaveTheBitmap) {
         draw(view, dib);
         EXPECT_EQ(dib.touchedBytes(), 0u) << mode;
     }
-    // A mode that selects nothing is drawn by the renderer that is there.
-    scene.setMode(kRenderModeDrawing);
-    Dib dib(64, 64);
-    draw(view, dib);
-    scene.setMode(9);
-    Dib kept(64, 64);
-    draw(view, kept);
-    EXPECT_EQ(kept.bytes(), dib.bytes());
+}
+
+TEST_F(ViewTest, ModesWithoutRendererShowTheCallsSceneAsItsFlagsSay) {
+    const View view(scene);
+    ASSERT_NE(view.get(), nullptr);
+    scene.record()->geometry.edgeOpacity = 0; // faint edges remain where full quality is not asked
+    std::vector<std::vector<uint8_t>> pictures;
+    for (const uint32_t flags : {0u, kDrawFullQuality}) {
+        scene.setMode(kRenderModeDrawing);
+        const Dib own(64, 64);
+        draw(view, own, flags);
+        {
+            WallScene gone;
+            gone.raiseCamera();
+            draw(view, Dib(64, 64), flags ^ kDrawFullQuality, gone);
+            gone.handBack();
+        }
+        scene.setMode(9);
+        const Dib kept(64, 64);
+        draw(view, kept, flags);
+        EXPECT_TRUE(kept.bytes() == own.bytes()) << flags;
+        pictures.push_back(kept.bytes());
+    }
+    EXPECT_FALSE(pictures[0] == pictures[1]);
 }
 
 TEST_F(ViewTest, ReleasedPointersAreNullAndRebuilt) {
