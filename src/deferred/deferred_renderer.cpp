@@ -11,7 +11,6 @@
 #include "gpu/gl_debug.h"
 #include "gpu/gl_state.h"
 #include "render/render_context.h"
-#include "scene/record_views.h"
 
 #include <algorithm>
 
@@ -92,11 +91,7 @@ int DeferredRenderer::drawToBitmap(HBITMAP bitmap) {
     if (scene == nullptr || !target.isValid() || width < 1 || height < 1)
         return 1;
     deleteReleasedObjects();
-    const VIEW* view = viewOf(*scene);
-    if (view != nullptr && view->previewMode != 0)
-        batches_.refreshForBitmap(*this, kUnitCube);
-    else
-        batches_.rebuildAll(*this, kUnitCube);
+    batches_.rebuildAll(*this, kUnitCube);
     shadowsDirty_ = true;
     rebuildLights();
     updateLights();

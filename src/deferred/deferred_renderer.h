@@ -27,8 +27,9 @@ class DeferredRenderer : public ShadowRenderer {
     void releaseResources() override;
     /// Leaves the framebuffer as it is when the scene has no objects.
     int drawToWindow(const GLSurface& surface) override;
-    /// In square tiles of the view's shorter side, each with a wide border for what the passes see
-    /// around a pixel, when the bitmap has another size than the view.
+    /// Builds everything anew and shows the scene, during a preview too. In square tiles of the
+    /// view's shorter side, each with a wide border for what the passes see around a pixel, when
+    /// the bitmap has another size than the view.
     int drawToBitmap(HBITMAP bitmap) override;
 
     const DeferredPrograms& programs() const { return programs_; }

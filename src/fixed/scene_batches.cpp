@@ -164,6 +164,7 @@ void SceneBatches::rebuildAll(Renderer& renderer, const Box& emptyBounds) {
     const SCENE& scene = *renderer.scene;
     VIEW* view = viewOf(scene);
     const int count = view != nullptr ? cacheEntryCount(*view) : 0;
+    preview_ = false;
     renderer.sceneBounds = emptyBounds;
     prepareTextures(renderer);
     meshes_.clear();

@@ -31,7 +31,7 @@ class SceneBatches {
     /// mark make a rebuild due.
     bool refreshForBitmap(Renderer& renderer, const Box& emptyBounds);
 
-    /// Builds everything of every object.
+    /// Builds everything of every object and shows it, during a preview too.
     void rebuildAll(Renderer& renderer, const Box& emptyBounds);
 
     /// From now on no edges and silhouettes are built: for renderers that draw none.

@@ -106,7 +106,15 @@ TEST_F(DeferredRulesTest, PreviewsShowTheirRecord) {
     // A preview without a record shows nothing of the scene.
     releaseBatchesOf(scene_->view().preview);
     EXPECT_TRUE(isNear(pixelAt(drawFrame(), 0, 0), kBackground, 1));
-    scene_->view().previewMode = 0;
+    // A bitmap builds everything anew and shows the scene, during a preview and after it.
+    for (const uint32_t mode : {1u, 0u}) {
+        test::Bitmap bitmap(kViewSize, kViewSize, 24);
+        scene_->view().previewMode = mode;
+        scene_->entry(0).changeFlags = 2;
+        photo().drawToBitmap(bitmap.handle());
+        EXPECT_TRUE(isNear(bitmap.at(pixelX(0), pixelY(0)), shown(kBrick), 2)) << mode;
+        EXPECT_EQ(scene_->entry(0).changeFlags, 0u) << mode;
+    }
     EXPECT_TRUE(isNear(pixelAt(drawFrame(), 0, 0), shown(kBrick), 2));
 }
 

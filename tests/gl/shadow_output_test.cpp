@@ -102,6 +102,21 @@ TEST_F(ShadowOutputTest, WindowsShowSilhouettesAgainAfterAFile) {
     EXPECT_EQ(differences(before, after, kViewSize, kViewSize), 0);
 }
 
+TEST_F(ShadowOutputTest, FilesShowTheSceneAfterAPreview) {
+    scene_->addObject();
+    scene_->addFace(plate(-6, -6, 6, 6));
+    ShadowRenderer& renderer = selectShadow(kDrawFullQuality);
+    const std::string before = drawnFile(renderer);
+    scene_->view().previewMode = 1;
+    scene_->view().preview.changeFlags = 1;
+    drawFrame();
+    EXPECT_TRUE(drawnFile(renderer) == before) << "during the preview";
+    drawFrame();
+    scene_->view().previewMode = 0;
+    releaseBatchesOf(scene_->view().preview);
+    EXPECT_TRUE(drawnFile(renderer) == before) << "after it";
+}
+
 TEST_F(ShadowOutputTest, PlansShowTheSiteFromAbove) {
     scene_->addObject();
     scene_->addFace(plate(2, 1, 6, 4, 3));
