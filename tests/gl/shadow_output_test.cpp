@@ -149,18 +149,20 @@ TEST_F(ShadowOutputTest, PlansShowTheSiteFromAbove) {
     }
 }
 
-/// A TGA file of two colours: `upper` above `lower`.
-std::string twoColors(Pixel upper, Pixel lower) {
+/// A TGA file of two colours: `upper` above `lower`. With 32 bits its alpha is 0.
+std::string twoColors(Pixel upper, Pixel lower, int bits) {
     constexpr int kSize = 64;
     std::string file(18, '\0');
     file[2] = 2;
     file[12] = file[14] = kSize;
-    file[16] = 24;
+    file[16] = static_cast<char>(bits);
     for (int row = 0; row < kSize; ++row) { // bottom row first
         const Pixel color = row < kSize / 2 ? lower : upper;
-        for (int x = 0; x < kSize; ++x)
+        for (int x = 0; x < kSize; ++x) {
             for (const int channel : {color.blue, color.green, color.red})
                 file.push_back(static_cast<char>(channel));
+            file.append(bits == 32 ? 1 : 0, '\0');
+        }
     }
     return file;
 }
@@ -178,21 +180,24 @@ TEST_F(ShadowOutputTest, TheSkyShowsThroughPortalsOnly) {
     scene_->addFace(inner);
     scene_->addFace(outer);
     scene_->look({0, 0, 0}, {0, 10, 0}, 1.2);
-    writeFile(folder_.file("background.tga"), twoColors(kSky, kGround));
     context_->settings.texturesDir = folder_.hostFile("");
-    selectShadow(kDrawFullQuality);
-    const Bitmap first(kViewSize, kViewSize, 24); // builds the batches
-    renderer_->drawToBitmap(first.handle());
-    const Picture picture = drawFrame();
-    // The pane ends 2 / 5 of the distance from the middle: 58 pixels.
-    for (const int x : {50, 100, 150}) {
-        EXPECT_TRUE(isNear(picture.at(x, 140), kSky, 3)) << x;
-        EXPECT_TRUE(isNear(picture.at(x, 60), kGround, 3)) << x;
+    for (const int bits : {24, 32}) {
+        SCOPED_TRACE(bits);
+        writeFile(folder_.file("background.tga"), twoColors(kSky, kGround, bits));
+        selectShadow(kDrawFullQuality);
+        const Bitmap first(kViewSize, kViewSize, 24); // builds the batches
+        renderer_->drawToBitmap(first.handle());
+        const Picture picture = drawFrame();
+        // The pane ends 2 / 5 of the distance from the middle: 58 pixels.
+        for (const int x : {50, 100, 150}) {
+            EXPECT_TRUE(isNear(picture.at(x, 140), kSky, 3)) << x;
+            EXPECT_TRUE(isNear(picture.at(x, 60), kGround, 3)) << x;
+        }
+        for (const auto& [x, y] : {std::pair{100, 170}, {100, 30}, {30, 100}, {170, 100}})
+            EXPECT_TRUE(isNear(picture.at(x, y), kBackground, 1)) << x << ", " << y;
+        for (const GLenum capability : {GL_STENCIL_TEST, GL_TEXTURE_2D, GL_LIGHTING, GL_BLEND})
+            EXPECT_FALSE(glIsEnabled(capability)) << std::hex << capability;
     }
-    for (const auto& [x, y] : {std::pair{100, 170}, {100, 30}, {30, 100}, {170, 100}})
-        EXPECT_TRUE(isNear(picture.at(x, y), kBackground, 1)) << x << ", " << y;
-    for (const GLenum capability : {GL_STENCIL_TEST, GL_TEXTURE_2D, GL_LIGHTING, GL_BLEND})
-        EXPECT_FALSE(glIsEnabled(capability)) << std::hex << capability;
 }
 
 } // namespace
