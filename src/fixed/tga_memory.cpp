@@ -19,11 +19,6 @@ namespace ogl {
 
 namespace {
 
-/// Bytes 3 and 4 say which pixel value the palette begins with; the decoder knows only 0.
-bool hasShiftedPalette(std::span<const uint8_t> file) {
-    return file[1] != 0 && (file[3] != 0 || file[4] != 0);
-}
-
 bool decode(std::span<const uint8_t> file, std::vector<uint8_t>& decoded) {
     if (file.size() > static_cast<size_t>(std::numeric_limits<int>::max()))
         return false;
@@ -48,8 +43,7 @@ bool decodeTgaMemory(std::span<const uint8_t> file, std::vector<uint8_t>& pixels
     // The decoder takes zeros for what a file lacks, so the file is measured first.
     if (!isWholeTga(file))
         return false;
-    return hasShiftedPalette(file) ? decode(withPaletteFromZero(file), pixels)
-                                   : decode(file, pixels);
+    return hasPlainPalette(file) ? decode(file, pixels) : decode(withPlainPalette(file), pixels);
 }
 
 } // namespace ogl

@@ -16,6 +16,7 @@ namespace {
 using Bytes = std::span<const uint8_t>;
 
 constexpr size_t kHeaderBytes = 18;
+constexpr unsigned kPaletteImage = 1;
 constexpr unsigned kRunLength = 0x8; ///< bit of the image type
 constexpr uint8_t kRepeat = 0x80;    ///< bit of a packet's header
 constexpr size_t kPaletteSize = 256;
@@ -210,29 +211,34 @@ bool readAll(std::FILE* file, std::vector<uint8_t>& bytes) {
 
 } // namespace
 
+bool hasPlainPalette(std::span<const uint8_t> file) {
+    const TgaHeader header = readHeader(file);
+    return !header.hasPalette || (header.imageType == kPaletteImage && header.paletteStart == 0);
+}
+
 bool isWholeTga(std::span<const uint8_t> file) {
     TgaFile parts;
     return split(file, parts);
 }
 
-std::vector<uint8_t> withPaletteFromZero(std::span<const uint8_t> wholeFile) {
-    constexpr size_t kMostEntries = 65535; // that the header can count
-    TgaFile parts;
-    if (!split(wholeFile, parts) || !parts.header.hasPalette)
-        return {wholeFile.begin(), wholeFile.end()};
-    const TgaHeader& header = parts.header;
-    const size_t kept = std::min(header.paletteLength, kMostEntries - header.paletteStart);
-    const size_t entries = header.paletteStart + kept;
-    const Bytes start = wholeFile.first(kHeaderBytes + header.idLength);
-    const Bytes palette = parts.palette.first(kept * header.entryBytes());
-    std::vector<uint8_t> file(start.begin(), start.end());
-    file[3] = file[4] = 0;
-    file[5] = static_cast<uint8_t>(entries);
-    file[6] = static_cast<uint8_t>(entries >> 8);
-    file.insert(file.end(), header.paletteStart * header.entryBytes(), uint8_t{0});
-    file.insert(file.end(), palette.begin(), palette.end());
-    file.insert(file.end(), parts.data.begin(), parts.data.end());
-    return file;
+std::vector<uint8_t> withPlainPalette(std::span<const uint8_t> file) {
+    constexpr size_t kMostEntries = 0xffff; // that a header tells of; more have no pixel value
+    const TgaHeader header = readHeader(file);
+    const bool used = header.imageType == kPaletteImage;
+    const size_t start = used ? header.paletteStart : 0;
+    const size_t kept = used ? std::min(header.paletteLength, kMostEntries - start) : 0;
+    const Bytes front = file.first(kHeaderBytes + header.idLength);
+    const Bytes palette = file.subspan(front.size(), kept * header.entryBytes());
+    const Bytes rest = file.subspan(front.size() + header.paletteBytes());
+    std::vector<uint8_t> bytes(front.begin(), front.end());
+    bytes[1] = used ? 1 : 0;
+    bytes[3] = bytes[4] = 0;
+    bytes[5] = static_cast<uint8_t>(start + kept);
+    bytes[6] = static_cast<uint8_t>((start + kept) >> 8);
+    bytes.insert(bytes.end(), start * header.entryBytes(), 0);
+    bytes.insert(bytes.end(), palette.begin(), palette.end());
+    bytes.insert(bytes.end(), rest.begin(), rest.end());
+    return bytes;
 }
 
 bool decodeTga(std::span<const uint8_t> file, Image& image) {

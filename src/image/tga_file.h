@@ -5,6 +5,7 @@
 #include "image/image.h"
 
 #include <span>
+#include <vector>
 
 namespace ogl {
 
@@ -21,8 +22,12 @@ bool decodeTga(std::span<const uint8_t> file, Image& image);
 /// Whether the bytes are a TGA file, of any number of bits, that lacks nothing of its data.
 bool isWholeTga(std::span<const uint8_t> file);
 
-/// A whole TGA file whose palette begins with pixel value 0: where that of `wholeFile` begins
-/// later, black entries come before it.
-std::vector<uint8_t> withPaletteFromZero(std::span<const uint8_t> wholeFile);
+/// Whether a whole TGA file has no palette, or one that its pixels use and that begins with pixel
+/// value 0.
+bool hasPlainPalette(std::span<const uint8_t> file);
+
+/// A whole TGA file made so: a palette gets black entries before its own, one that serves for
+/// nothing goes.
+std::vector<uint8_t> withPlainPalette(std::span<const uint8_t> file);
 
 } // namespace ogl

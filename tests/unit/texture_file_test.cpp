@@ -264,32 +264,45 @@ TEST_F(TextureFileTest, ReadsADibByItsHeightAndSizeAlone) {
     }
 }
 
-TEST_F(TextureFileTest, DecodesPalettesWhereverTheyBegin) {
-    TgaBytes tga{.imageType = 1,
-                 .width = 3,
-                 .height = 1,
-                 .bitsPerPixel = 8,
-                 .id = {9, 9},
-                 .palette = counting(6),
-                 .data = {0, 1, 2}};
-    const Bytes colors[] = {{3, 2, 1, 6, 5, 4, 3, 2, 1}, // values beyond it: the first entry
-                            {0, 0, 0, 3, 2, 1, 6, 5, 4},
-                            {0, 0, 0, 0, 0, 0, 3, 2, 1}};
-    for (const uint8_t start : {uint8_t{0}, uint8_t{1}, uint8_t{2}}) {
-        tga.paletteStart = start;
-        const Made image({tga.file(), 7, 0, 3, 1, 24});
-        ASSERT_NE(image.get(), nullptr) << int{start};
-        EXPECT_EQ(image->bytes(), colors[start]) << int{start};
-        // The file's components, whatever the call says of them.
-        const Made grey({tga.file(), 7, 3, 3, 1, 8});
-        ASSERT_NE(grey.get(), nullptr) << int{start};
-        EXPECT_EQ(grey->bytes(), colors[start]) << int{start};
-    }
-    Bytes late = tga.file();
-    late[3] = late[4] = 0xff; // its second entry has no number
-    const Made black({late, 7, 0, 3, 1, 24});
-    ASSERT_NE(black.get(), nullptr);
-    EXPECT_EQ(black->bytes(), Bytes(9, 0));
+TEST_F(TextureFileTest, ReadsPalettesThatBeginAtAnyPixelValue) {
+    const Bytes plain = {0, 0, 0, 3, 2, 1, 6, 5, 4, 0, 0, 0};
+    const struct {
+        const char* name;
+        uint8_t start, startHigh; ///< of the palette
+        Bytes values;
+        Bytes pixels;
+    } rows[] = {
+        {"at 1", 1, 0, {0, 1, 2, 3}, plain},
+        {"at 254", 254, 0, {253, 254, 255, 0}, plain},
+        {"beyond all values", 254, 255, {253, 254, 255, 0}, Bytes(12)},
+        {"to the last entry of a palette", 255, 255, {253, 254, 255, 0}, Bytes(12)},
+    };
+    for (const auto& row : rows)
+        for (const bool runs : {false, true}) {
+            TgaBytes tga{.imageType = 1,
+                         .width = 2,
+                         .height = 2,
+                         .bitsPerPixel = 8,
+                         .descriptor = 0x20,
+                         .id = {9, 9},
+                         .palette = counting(6),
+                         .paletteStart = row.start,
+                         .data = row.values};
+            if (runs) {
+                tga.imageType |= 8;
+                tga.data.insert(tga.data.begin(), 3);
+            }
+            Bytes file = tga.file();
+            file[4] = row.startHigh;
+            const Made image({file, 7, 0, 2, 2, 24});
+            ASSERT_NE(image.get(), nullptr) << row.name;
+            EXPECT_EQ(image->bytes(), row.pixels) << row.name << ", runs " << runs;
+        }
+    TgaBytes colors{
+        .width = 1, .height = 1, .palette = counting(6), .paletteStart = 1, .data = {7, 8, 9}};
+    const Made image({colors.file(), 7, 0, 1, 1, 24});
+    ASSERT_NE(image.get(), nullptr) << "of no use";
+    EXPECT_EQ(image->bytes(), (Bytes{9, 8, 7}));
 }
 
 } // namespace
