@@ -25,28 +25,15 @@ int borderOf(int side) {
     return std::min(static_cast<int>(std::lround(side * kBorderShare)), (side - 1) / 2);
 }
 
-/// A stretch of a picture's columns or rows.
-struct Stretch {
-    int first = 0;
-    int count = 0;
-};
-
-/// At most `limit` of `total` columns or rows, about as many before as after `center`.
-Stretch around(int center, int total, int limit) {
-    const int count = std::min(total, limit);
-    return {std::clamp(center - count / 2, 0, total - count), count};
-}
-
 /// The renderer's camera for the time of a tiled picture.
 class TileCamera {
   public:
     TileCamera(Renderer& renderer, const BitmapTarget& target)
-        : renderer_(renderer), saved_(renderer.camera), target_(target) {
+        : renderer_(renderer), saved_(renderer.camera) {
         setViewCamera(renderer.camera, *renderer.scene, target.width, target.height,
                       renderer.camera.far);
         renderer.camera.applyView();
         glGetDoublev(GL_MODELVIEW_MATRIX, view_);
-        glGetIntegerv(GL_MAX_VIEWPORT_DIMS, largestViewport_);
     }
     ~TileCamera() {
         renderer_.camera = saved_;
@@ -69,34 +56,21 @@ class TileCamera {
         camera.viewportHeight = side;
     }
 
-    /// The whole picture, or as much around the tile as a viewport holds, shifted so that the tile
-    /// lies in the corner. Lines are then clipped where those of a single frame are: a dashed line
-    /// that is clipped starts its pattern anew.
+    /// The tile as a part of its picture: lines are then clipped where those of a single frame are.
     void showPictureAround(const TileRenderer& tiles) const {
+        const TileSurroundings around = tiles.surroundings();
         PerspectiveCamera& camera = renderer_.camera;
-        const int side = tiles.get(TileToken::TileWidth);
-        const int border = tiles.get(TileToken::TileBorder);
-        const int inner = side - 2 * border;
-        const int x = tiles.get(TileToken::CurrentColumn) * inner - border;
-        const int y = tiles.get(TileToken::CurrentRow) * inner - border;
-        const Stretch columns = around(x + side / 2, target_.width, largestViewport_[0]);
-        const Stretch rows = around(y + side / 2, target_.height, largestViewport_[1]);
-        camera.viewportX = columns.first - x;
-        camera.viewportY = rows.first - y;
-        camera.viewportWidth = columns.count;
-        camera.viewportHeight = rows.count;
-        if (columns.count < target_.width || rows.count < target_.height)
-            camera.tile = camera.pictureFrustum().part(
-                columns.first, rows.first, columns.first + columns.count, rows.first + rows.count,
-                target_.width, target_.height);
+        camera.viewportX = around.viewport.x;
+        camera.viewportY = around.viewport.y;
+        camera.viewportWidth = around.viewport.width;
+        camera.viewportHeight = around.viewport.height;
+        camera.tile = around.bounds;
     }
 
   private:
     Renderer& renderer_;
     PerspectiveCamera saved_;
-    BitmapTarget target_;
     double view_[16] = {};
-    int largestViewport_[2] = {};
 };
 
 /// The pixels of the current tile that are kept.

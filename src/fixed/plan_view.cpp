@@ -14,13 +14,9 @@ namespace {
 
 constexpr double kNear = 0.1;
 
-void applyProjection(const PlanView& view, const BitmapTarget& target) {
-    glViewport(0, 0, target.width, target.height);
-    glMatrixMode(GL_PROJECTION);
-    glLoadIdentity();
-    // glOrtho refuses a volume without extent.
-    if (view.left != view.right && view.bottom != view.top && view.near != view.far)
-        glOrtho(view.left, view.right, view.bottom, view.top, view.near, view.far);
+void applyProjection(const Frustum& bounds, const PixelRect& viewport) {
+    glViewport(viewport.x, viewport.y, viewport.width, viewport.height);
+    loadOrtho(bounds);
 }
 
 /// Clears and draws with the projection that is set.
@@ -32,7 +28,8 @@ void drawPlan(Renderer& renderer, const PlanView& view, const std::function<void
     drawMeshes();
 }
 
-/// Tiles without borders: no pass of a plan reads its neighbours.
+/// Tiles without borders: no pass of a plan reads its neighbours, and marks reach from one tile
+/// into the next.
 void drawInTiles(Renderer& renderer, const BitmapTarget& target, const PlanView& view,
                  const std::function<void()>& drawMeshes) {
     if (renderer.width < 1 || renderer.height < 1)
@@ -42,10 +39,12 @@ void drawInTiles(Renderer& renderer, const BitmapTarget& target, const PlanView&
     tiles.setImageSize(target.width, target.height);
     tiles.setImageBuffer(target.bitsPerPixel == 24 ? GL_BGR : GL_BGRA, GL_UNSIGNED_BYTE,
                          target.pixels);
-    tiles.setOrtho({view.left, view.right, view.bottom, view.top, view.near, view.far});
+    tiles.setOrtho(view.bounds);
     glPixelStorei(GL_PACK_ALIGNMENT, 4);
     do {
         tiles.beginTile();
+        const TileSurroundings around = tiles.surroundings();
+        applyProjection(around.bounds.value_or(view.bounds), around.viewport);
         drawPlan(renderer, view, drawMeshes);
     } while (tiles.endTile());
 }
@@ -69,8 +68,9 @@ PlanView planView(const Box& box) {
     const Vec3 center = box.center();
     const double distance =
         std::hypot(static_cast<double>(center.x), static_cast<double>(center.y), diagonal);
-    return {box.min.x, box.max.x,           box.min.y,           box.max.y,
-            kNear,     distance + diagonal, diagonal + center.z, center.z};
+    return {{box.min.x, box.max.x, box.min.y, box.max.y, kNear, distance + diagonal},
+            diagonal + center.z,
+            center.z};
 }
 
 void drawPlanToBitmap(Renderer& renderer, HBITMAP bitmap, const std::function<void()>& drawMeshes) {
@@ -79,7 +79,7 @@ void drawPlanToBitmap(Renderer& renderer, HBITMAP bitmap, const std::function<vo
         return;
     const PlanView view = planView(planBox(*renderer.scene, renderer.sceneBounds));
     if (target.width == renderer.width && target.height == renderer.height) {
-        applyProjection(view, target);
+        applyProjection(view.bounds, {0, 0, target.width, target.height});
         drawPlan(renderer, view, drawMeshes);
         readFrame(target, target.width, target.height);
         return;

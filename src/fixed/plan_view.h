@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "gpu/frustum.h"
 #include "ogl/host_records.h"
 #include "render/renderer.h"
 #include "scene/vector3.h"
@@ -16,8 +17,7 @@ Box planBox(const SCENE& scene, Box bounds);
 
 /// An orthographic view from above.
 struct PlanView {
-    double left, right, bottom, top;
-    double near, far;
+    Frustum bounds;
     double eyeHeight; ///< z of the eye
     double middle;    ///< z of the point below that it looks at
 };

@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "gpu/tile_renderer.h"
 
-#include "gpu/frame_read.h"
-
+#include <algorithm>
 #include <numbers>
 
 namespace ogl {
@@ -36,6 +35,18 @@ class PackWindow {
                                            GL_PACK_SKIP_PIXELS};
     int saved_[3] = {};
 };
+
+/// A stretch of a picture's columns or rows.
+struct Stretch {
+    int first = 0;
+    int count = 0;
+};
+
+/// At most `limit` of `total` columns or rows, about as many before as after `center`.
+Stretch around(int center, int total, int limit) {
+    const int count = std::min(total, limit);
+    return {std::clamp(center - count / 2, 0, total - count), count};
+}
 
 } // namespace
 
@@ -152,6 +163,20 @@ Frustum TileRenderer::tileFrustum() const {
     const double x = column_ * innerWidth() - border_;
     const double y = row_ * innerHeight() - border_;
     return bounds_.part(x, y, x + currentWidth_, y + currentHeight_, imageWidth_, imageHeight_);
+}
+
+TileSurroundings TileRenderer::surroundings() const {
+    GLint limits[2] = {1, 1};
+    glGetIntegerv(GL_MAX_VIEWPORT_DIMS, limits);
+    const int x = column_ * innerWidth() - border_;
+    const int y = row_ * innerHeight() - border_;
+    const Stretch columns = around(x + tileWidth_ / 2, imageWidth_, limits[0]);
+    const Stretch rows = around(y + tileHeight_ / 2, imageHeight_, limits[1]);
+    TileSurroundings result{{columns.first - x, rows.first - y, columns.count, rows.count}, {}};
+    if (columns.count < imageWidth_ || rows.count < imageHeight_)
+        result.bounds = bounds_.part(columns.first, rows.first, columns.first + columns.count,
+                                     rows.first + rows.count, imageWidth_, imageHeight_);
+    return result;
 }
 
 bool TileRenderer::endTile() {

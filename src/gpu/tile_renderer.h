@@ -2,7 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "gpu/frame_read.h"
 #include "gpu/frustum.h"
+
+#include <optional>
 
 namespace ogl {
 
@@ -22,6 +25,12 @@ enum class TileToken : int {
     RowOrder,          ///< TopToBottom or BottomToTop, as a number
     TopToBottom,
     BottomToTop,
+};
+
+/// The part of a picture around a tile that one viewport shows.
+struct TileSurroundings {
+    PixelRect viewport;            ///< counted from the tile's corner
+    std::optional<Frustum> bounds; ///< of that part; none = all of the picture
 };
 
 /// Draws a picture of any size piece by piece in the current viewport's corner. Each tile shows a
@@ -64,6 +73,11 @@ class TileRenderer {
 
     /// Bounds of the tile being drawn, border included.
     Frustum tileFrustum() const;
+    /// The whole picture, or as much around the tile being drawn as a viewport holds. With these as
+    /// viewport and projection the tile shows the same, but what crosses its border is clipped
+    /// where it is in a single frame: a line that is clipped starts its dashes anew, and a point
+    /// whose middle lies outside is not drawn.
+    TileSurroundings surroundings() const;
     /// Sets the raster position to a point, also to one outside the tile, so that what is drawn
     /// there reaches into it. Outside tiles the same as glRasterPos3f.
     void rasterPos3f(float x, float y, float z) const;

@@ -3,6 +3,7 @@
 #include "fixed/bitmap_frame.h"
 #include "fixed/edge_renderer.h"
 #include "fixed/fixed_renderer.h"
+#include "fixed/shadow_renderer.h"
 #include "gl/shadow_fixture.h"
 #include "platform/own_window.h"
 
@@ -102,9 +103,10 @@ class TiledBitmapTest : public GLTest {
 
 // With 512 pixels a tile's corner falls on multiples of 64, where Mesa's llvmpipe (22.3) drops
 // samples of lines in whole frames too. Other sizes drop them elsewhere.
+constexpr int kDroppedSamples = kWidth * kHeight / 1000;
+
 TEST_F(TiledBitmapTest, EqualsOneLargeFrame) {
     constexpr int kFewSamples = 6; ///< vertices that round another way
-    constexpr int kDroppedSamples = kWidth * kHeight / 1000;
     const struct {
         const char* name;
         bool edgesOnly;
@@ -142,6 +144,24 @@ TEST_F(TiledBitmapTest, EqualsOneLargeFrame) {
         EXPECT_EQ(glIsEnabled(GL_SCISSOR_TEST), GL_FALSE) << row.name;
         EXPECT_EQ(renderer_->camera.viewportWidth, row.viewWidth) << row.name;
         EXPECT_FALSE(renderer_->camera.tile.has_value()) << row.name;
+    }
+}
+
+/// Marks on the ends of edges and wide lines go on from one tile to the next.
+TEST_F(TiledBitmapTest, PlansEqualOneLargeFrame) {
+    scene_->geometry().flags = kGeometryPlanView;
+    scene_->geometry().lightAmbient = 0.1f;
+    scene_->scene().lineWeight = 40;
+    ShadowRenderer& renderer = select<ShadowRenderer>();
+    renderer.drawFlags = kDrawFullQuality;
+    renderer.singleColorEdges = renderer.drawFaces = renderer.roundEdgeEnds = 1;
+    const Bitmap whole(kWidth, kHeight, 24);
+    drawFromView(kWidth, kHeight, whole);
+    for (const auto& [width, height] : {std::pair{256, 320}, {333, 201}, {3, 400}}) {
+        const Bitmap tiled(kWidth, kHeight, 24);
+        drawFromView(width, height, tiled);
+        const Pair pair{tiled, whole, kWidth, kHeight};
+        EXPECT_LE(pair.strangers(2), kDroppedSamples) << width << " x " << height;
     }
 }
 
