@@ -3,7 +3,9 @@
 #include "fixed/plan_view.h"
 
 #include "gpu/tile_renderer.h"
+#include "ogl/host_records.h"
 #include "render/bitmap_target.h"
+#include "scene/vector3.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,6 +15,38 @@ namespace ogl {
 namespace {
 
 constexpr double kNear = 0.1;
+
+/// An orthographic view from above.
+struct PlanView {
+    Frustum bounds;
+    double eyeHeight; ///< z of the eye
+    double middle;    ///< z of the point below that it looks at
+};
+
+/// What a plan shows, in scene coordinates: `bounds`, grown to hold the origin and the site's
+/// width along x and depth along y from there.
+Box planBox(const SCENE& scene, Box bounds) {
+    const double unit = 1.0 / (scene.geometry.unitScale * 1000.0);
+    bounds.min.x = std::min(bounds.min.x, 0.0f);
+    bounds.min.y = std::min(bounds.min.y, 0.0f);
+    bounds.min.z = std::min(bounds.min.z, 0.0f);
+    if (std::isfinite(unit)) {
+        bounds.max.x = std::max(bounds.max.x, static_cast<float>(scene.siteWidth * unit));
+        bounds.max.y = std::max(bounds.max.y, static_cast<float>(scene.siteDepth * unit));
+    }
+    return bounds;
+}
+
+/// The view that shows the whole box.
+PlanView planView(const Box& box) {
+    const auto diagonal = static_cast<double>(box.diagonal());
+    const Vec3 center = box.center();
+    const double distance =
+        std::hypot(static_cast<double>(center.x), static_cast<double>(center.y), diagonal);
+    return {{box.min.x, box.max.x, box.min.y, box.max.y, kNear, distance + diagonal},
+            diagonal + center.z,
+            center.z};
+}
 
 void applyProjection(const Frustum& bounds, const PixelRect& viewport) {
     glViewport(viewport.x, viewport.y, viewport.width, viewport.height);
@@ -50,28 +84,6 @@ void drawInTiles(Renderer& renderer, const BitmapTarget& target, const PlanView&
 }
 
 } // namespace
-
-Box planBox(const SCENE& scene, Box bounds) {
-    const double unit = 1.0 / (scene.geometry.unitScale * 1000.0);
-    bounds.min.x = std::min(bounds.min.x, 0.0f);
-    bounds.min.y = std::min(bounds.min.y, 0.0f);
-    bounds.min.z = std::min(bounds.min.z, 0.0f);
-    if (std::isfinite(unit)) {
-        bounds.max.x = std::max(bounds.max.x, static_cast<float>(scene.siteWidth * unit));
-        bounds.max.y = std::max(bounds.max.y, static_cast<float>(scene.siteDepth * unit));
-    }
-    return bounds;
-}
-
-PlanView planView(const Box& box) {
-    const auto diagonal = static_cast<double>(box.diagonal());
-    const Vec3 center = box.center();
-    const double distance =
-        std::hypot(static_cast<double>(center.x), static_cast<double>(center.y), diagonal);
-    return {{box.min.x, box.max.x, box.min.y, box.max.y, kNear, distance + diagonal},
-            diagonal + center.z,
-            center.z};
-}
 
 void drawPlanToBitmap(Renderer& renderer, HBITMAP bitmap, const std::function<void()>& drawMeshes) {
     const BitmapTarget target = bitmapTarget(bitmap);
