@@ -20,9 +20,12 @@ constexpr double kBorderShare = 0.5 * 0.75;
 /// pixels that are drawn beyond what is kept, on each side.
 constexpr int kScissorMargin = 1;
 
-/// The border of a square tile. Small tiles keep one pixel at least.
-int borderOf(int side) {
-    return std::min(static_cast<int>(std::lround(side * kBorderShare)), (side - 1) / 2);
+/// The border of a square tile: cut off for passes that read their neighbours, rounded for others.
+/// Small tiles keep one pixel at least.
+int borderOf(int side, bool screenSpacePasses) {
+    const double border = side * kBorderShare;
+    return std::min(static_cast<int>(screenSpacePasses ? border : std::round(border)),
+                    (side - 1) / 2);
 }
 
 /// The renderer's camera for the time of a tiled picture.
@@ -111,7 +114,7 @@ void drawTiles(Renderer& renderer, const BitmapTarget& target,
         return;
     const TileCamera camera(renderer, target);
     TileRenderer tiles;
-    tiles.setTileSize(side, side, borderOf(side));
+    tiles.setTileSize(side, side, borderOf(side, needs.screenSpacePasses));
     tiles.setImageSize(target.width, target.height);
     tiles.setImageBuffer(target.bitsPerPixel == 24 ? GL_BGR : GL_BGRA, GL_UNSIGNED_BYTE,
                          target.pixels);
