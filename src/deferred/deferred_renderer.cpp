@@ -92,7 +92,7 @@ int DeferredRenderer::drawToBitmap(HBITMAP bitmap) {
         return 1;
     deleteReleasedObjects();
     batches_.rebuildAll(*this, kUnitCube);
-    shadowsDirty_ = true;
+    takeNewGeneration(); // the maps drawn here show it
     rebuildLights();
     updateLights();
     const bool single = target.width == width && target.height == height;

@@ -43,6 +43,7 @@ TEST_F(DeferredRulesTest, ShadowMapsAreDrawnOnlyWhenTheyChange) {
     selectPhoto();
     SCENE& scene = scene_->scene();
     const auto mark = [&](uint32_t bits) { scene.geometry.flags = scene.geometry.flags | bits; };
+    const test::Bitmap bitmap(kViewSize, kViewSize, 24);
     const struct {
         const char* name;
         std::function<void()> change;
@@ -65,6 +66,7 @@ TEST_F(DeferredRulesTest, ShadowMapsAreDrawnOnlyWhenTheyChange) {
         {"shadows off", [&] { renderer_->drawFlags = kDrawFullQuality; }, 0},
         {"change without shadows", [&] { scene.sunAzimuthAngle = 40; }, 0},
         {"shadows on again", [&] { renderer_->drawFlags = kDrawFullQuality | kDrawShadows; }, 3},
+        {"a bitmap in between", [&] { photo().drawToBitmap(bitmap.handle()); }, 0},
         {"no sun", [&] { scene.sunIntensity = 0; }, 0},
         {"sun again", [&] { scene.sunIntensity = 50; }, 3},
     };
