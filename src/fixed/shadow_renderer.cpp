@@ -224,7 +224,7 @@ void ShadowRenderer::drawFrame() {
 }
 
 void ShadowRenderer::drawSky() {
-    if (backgroundTexture.exists())
+    if (backgroundTexture.exists() && !portals_.empty())
         drawSkyThroughPortals(portals_, backgroundTexture.name(), quadric);
 }
 

@@ -200,5 +200,28 @@ TEST_F(ShadowOutputTest, TheSkyShowsThroughPortalsOnly) {
     }
 }
 
+TEST_F(ShadowOutputTest, WithoutPortalsNoSkyIsDrawn) {
+    scene_->addObject();
+    scene_->addFace(plate(-6, -6, 6, 6));
+    GLuint query = 0;
+    glGenQueries(1, &query);
+    const auto primitivesOfFrame = [&] {
+        selectShadow(kDrawFullQuality);
+        drawFrame();
+        glBeginQuery(GL_PRIMITIVES_GENERATED, query);
+        drawFrame();
+        glEndQuery(GL_PRIMITIVES_GENERATED);
+        GLuint count = 0;
+        glGetQueryObjectuiv(query, GL_QUERY_RESULT, &count);
+        return count;
+    };
+    const GLuint before = primitivesOfFrame();
+    EXPECT_GT(before, 0u);
+    context_->settings.texturesDir = folder_.hostFile("");
+    writeFile(folder_.file("background.tga"), twoColors({1, 2, 3}, {4, 5, 6}, 24));
+    EXPECT_EQ(primitivesOfFrame(), before);
+    glDeleteQueries(1, &query);
+}
+
 } // namespace
 } // namespace ogl::test
