@@ -3,6 +3,7 @@
 #include "deferred/deferred_renderer.h"
 
 #include "deferred/frame_passes.h"
+#include "deferred/light_list.h"
 #include "deferred/scene_sun.h"
 #include "deferred/seed_directions.h"
 #include "fixed/background_texture.h"
@@ -17,6 +18,8 @@
 namespace ogl {
 
 namespace {
+
+constexpr BatchNeeds kNeeds{.emptyBounds = kUnitCube, .withEdges = false};
 
 /// The part of the picture that the camera shows while it draws a tile.
 PicturePart partOf(const PerspectiveCamera& camera) {
@@ -37,7 +40,6 @@ PicturePart partOf(const PerspectiveCamera& camera) {
 
 DeferredRenderer::DeferredRenderer(RenderContext& creator) : ShadowRenderer(creator) {
     kind = kDeferredRenderer;
-    batches_.leaveEdgesOut();
 }
 
 DeferredRenderer::~DeferredRenderer() = default;
@@ -66,7 +68,6 @@ void DeferredRenderer::releaseResources() {
     frameSets_ = {};
     environment_.reset();
     seeds_.reset();
-    lights_.clear();
     ShadowRenderer::releaseResources();
 }
 
@@ -74,7 +75,7 @@ int DeferredRenderer::drawToWindow(const GLSurface& surface) {
     if (scene == nullptr)
         return 1;
     deleteReleasedObjects();
-    noticeChanges(batches_.refresh(*this, kUnitCube));
+    noticeChanges(kept().batches.refresh(*this, kNeeds));
     if (objectCount == 0 || width < 1 || height < 1)
         return 1;
     updateLights();
@@ -91,8 +92,8 @@ int DeferredRenderer::drawToBitmap(HBITMAP bitmap) {
     if (scene == nullptr || !target.isValid() || width < 1 || height < 1)
         return 1;
     deleteReleasedObjects();
-    batches_.rebuildAll(*this, kUnitCube);
-    takeNewGeneration(); // the maps drawn here show it
+    kept().batches.rebuildAll(*this, kNeeds);
+    kept().takesOtherMeshes(); // the maps drawn here show them
     rebuildLights();
     updateLights();
     const bool single = target.width == width && target.height == height;
@@ -112,42 +113,46 @@ void DeferredRenderer::noticeChanges(bool rebuilt) {
     const bool lightsChanged = (flags & kGeometryLightsChanged) != 0;
     scene->geometry.flags = flags & ~(kGeometryShadowsChanged | kGeometryLightsChanged);
     const bool marked = (flags & kGeometryShadowsChanged) != 0;
-    const bool otherMeshes = takeNewGeneration();
-    shadowsDirty_ = shadowsDirty_ || marked || otherMeshes;
+    LitScene& lit = kept();
+    const bool otherMeshes = lit.takesOtherMeshes();
+    lit.shadowsDirty = lit.shadowsDirty || marked || otherMeshes;
     if (rebuilt || lightsChanged)
         rebuildLights();
 }
 
 void DeferredRenderer::rebuildLights() {
     buildPortals();
-    lights_ = lightsOf(*scene, portals_);
-    shadowsDirty_ = true;
-    if (std::ranges::any_of(lights_, [](const auto& light) {
+    LitScene& lit = kept();
+    lit.lamps = lightsOf(*scene, lit.portals);
+    lit.shadowsDirty = true;
+    if (std::ranges::any_of(lit.lamps, [](const auto& light) {
             return light->kind == LightKind::Spot && light->castsShadow == 0;
         }))
         errorLog->writeOnce("Error", "Too many spot lights for shadows", "");
 }
 
 void DeferredRenderer::updateLights() {
-    if (updateSun(sunLight_, *scene, sceneBounds, *errorLog))
-        shadowsDirty_ = true;
+    LitScene& lit = kept();
+    if (updateSun(lit.sun, *scene, sceneBounds, *errorLog))
+        lit.shadowsDirty = true;
     if ((drawFlags & kDrawShadows) != 0)
         renderShadowMaps();
 }
 
 void DeferredRenderer::renderShadowMaps() {
-    if (!shadowsDirty_)
+    LitScene& lit = kept();
+    if (!lit.shadowsDirty)
         return;
     const auto render = [this](Light& light) {
         renderShadowMap(static_cast<ShadowLight&>(light));
         ++shadowMapsDrawn_;
     };
-    if (sunLight_ != nullptr)
-        render(*sunLight_);
-    for (const auto& light : lights_)
+    if (lit.sun != nullptr)
+        render(*lit.sun);
+    for (const auto& light : lit.lamps)
         if (light->castsShadow != 0)
             render(*light);
-    shadowsDirty_ = false;
+    lit.shadowsDirty = false;
 }
 
 void DeferredRenderer::drawFrame(int set, int frameWidth, int frameHeight, bool fxaa) {
@@ -158,10 +163,11 @@ void DeferredRenderer::drawFrame(int set, int frameWidth, int frameHeight, bool 
     const FrameView frame{targets,         frameWidth,
                           frameHeight,     std::max(targets.gBuffer->samples(), 1),
                           camera.position, partOf(camera)};
-    const FrameLights lights{sunLight_.get(),
-                             lights_,
+    const LitScene& lit = kept();
+    const FrameLights lights{lit.sun.get(),
+                             lit.lamps,
                              {(drawFlags & kDrawShadows) != 0, jitterTexture_, shadowSamples_}};
-    FramePasses{*this,        batches_.meshes(),     programs_, frame,    lights, seeds_,
+    FramePasses{*this,        lit.batches.meshes(),  programs_, frame,    lights, seeds_,
                 environment_, [this] { drawSky(); }, fxaa,      passDrawn}
         .draw();
 }

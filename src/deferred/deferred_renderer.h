@@ -3,7 +3,6 @@
 #pragma once
 
 #include "deferred/deferred_programs.h"
-#include "deferred/light_list.h"
 #include "fixed/shadow_renderer.h"
 #include "gpu/frame_target_set.h"
 
@@ -49,7 +48,6 @@ class DeferredRenderer : public ShadowRenderer {
     std::array<FrameTargetSet, 2> frameSets_; ///< of the view's first and second window
     GLTexture environment_;
     GLTexture seeds_;
-    LightList lights_;
     int samples_ = 1; ///< of the G-buffer, as the settings ask
     int shadowMapsDrawn_ = 0;
 };

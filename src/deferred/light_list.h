@@ -7,11 +7,8 @@
 #include "render/light.h"
 
 #include <span>
-#include <vector>
 
 namespace ogl {
-
-using LightList = std::vector<std::unique_ptr<Light>>;
 
 /// Spot lights that throw shadows: their maps take a GiB together.
 inline constexpr int kMostSpotShadows = 64;

@@ -3,6 +3,7 @@
 #include "fixed/batches.h"
 
 #include "fixed/record_object.h"
+#include "scene/record_views.h"
 
 namespace ogl {
 
@@ -36,6 +37,27 @@ void releaseBatchesOf(CACHEENTRY& entry) {
     releaseBatchSet(entry.otherBatches);
     entry.reserved0c = 0;
     entry.edgeCount = 0;
+}
+
+MeshBatchList* ParkedLists::park(CACHEENTRY& entry) {
+    MeshBatchList* list = makeMeshBatchList();
+    entry.meshBatches = list;
+    if (list == nullptr)
+        return nullptr;
+    list->build = build_;
+    ++count_;
+    return list;
+}
+
+bool ParkedLists::areIn(const VIEW* view) const {
+    int found = 0;
+    for (int k = 0; view != nullptr && k < cacheEntryCount(*view); ++k) {
+        const MeshBatchList* list = liveMeshBatches(cacheEntry(*view, k)->meshBatches.get());
+        if (list != nullptr && list->build != build_)
+            return false;
+        found += list != nullptr ? 1 : 0;
+    }
+    return found == count_;
 }
 
 } // namespace ogl

@@ -14,6 +14,7 @@ namespace ogl {
 /// Lives in memory32; a host's object cache owns it.
 struct MeshBatchList {
     std::vector<std::unique_ptr<MeshVertexArray>> batches;
+    std::shared_ptr<const void> build; ///< the same in all lists that were made together
 };
 
 /// Batches of other kinds that belong to one object. Lives in memory32; a host's object cache owns
@@ -38,5 +39,18 @@ void releaseBatchSet(Ptr32<BatchSet>& slot);
 
 /// Releases everything that the entry holds. Its change marks stay.
 void releaseBatchesOf(CACHEENTRY& entry);
+
+/// The lists that one build has parked in a host's object cache.
+class ParkedLists {
+  public:
+    /// Makes an empty list and parks it; null when there is no memory below 4 GiB.
+    MeshBatchList* park(CACHEENTRY& entry);
+    /// Whether the view's cache holds all of them, and no others.
+    bool areIn(const VIEW* view) const;
+
+  private:
+    std::shared_ptr<const void> build_ = std::make_shared<char>();
+    int count_ = 0;
+};
 
 } // namespace ogl

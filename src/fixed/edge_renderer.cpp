@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "fixed/edge_renderer.h"
 
-#include "fixed/batches.h"
 #include "fixed/bitmap_frame.h"
 #include "fixed/edge_builder.h"
 #include "fixed/frame_overlays.h"
@@ -21,12 +20,12 @@ EdgeRenderer::EdgeRenderer(RenderContext& creator) : Renderer(creator) {
 EdgeRenderer::~EdgeRenderer() = default;
 
 int EdgeRenderer::createResources() {
-    edgeBatch_.reset();
+    kept_.clear();
     return 0;
 }
 
 void EdgeRenderer::releaseResources() {
-    edgeBatch_.reset();
+    kept_.clear();
 }
 
 int EdgeRenderer::drawToWindow(const GLSurface& surface) {
@@ -53,38 +52,43 @@ int EdgeRenderer::drawToFile(const char*) {
     return 1;
 }
 
-void EdgeRenderer::refreshBatches() {
-    const VIEW* view = viewOf(*scene);
-    const bool due = processState().sceneChanged != 0 || edgeBatch_ == nullptr ||
-                     builtScene_ != scene ||
-                     (view != nullptr && anyObjectChanged(*view, kObjectChanged));
-    if (due)
-        rebuild();
+EdgeRenderer::EdgeScene& EdgeRenderer::built() {
+    return kept_.of(*scene,
+                    [this](const EdgeScene& kept) { return kept.parked.areIn(viewOf(*scene)); });
 }
 
-void EdgeRenderer::rebuild() {
+void EdgeRenderer::refreshBatches() {
+    const VIEW* view = viewOf(*scene);
+    EdgeScene& kept = built();
+    const bool due = processState().sceneChanged != 0 || kept.edges == nullptr ||
+                     (view != nullptr && anyObjectChanged(*view, kObjectChanged));
+    if (due)
+        rebuild(kept);
+}
+
+void EdgeRenderer::rebuild(EdgeScene& built) {
     const VIEW* view = viewOf(*scene);
     const int count = view != nullptr ? cacheEntryCount(*view) : 0;
     const SceneLists lists(*scene);
     const EdgeBuilder builder(*scene, {.silhouettes = false, .edgesOnly = true});
     sceneBounds = Box{};
-    edgeBatch_ = std::make_unique<ColorVertexArray>();
-    builder.reserve(count, *edgeBatch_, nullptr);
+    built.parked = {};
+    built.edges = std::make_unique<ColorVertexArray>();
+    builder.reserve(count, *built.edges, nullptr);
     for (int k = 0; k < count; ++k) {
         CACHEENTRY& entry = *cacheEntry(*view, k);
         releaseBatchesOf(entry);
         entry.changeFlags &= ~kObjectChanged;
         if (!lists.isDrawn(k))
             continue;
-        entry.meshBatches = makeMeshBatchList();
-        const int edges = builder.append(k, *edgeBatch_, nullptr);
+        built.parked.park(entry);
+        const int edges = builder.append(k, *built.edges, nullptr);
         entry.edgeCount = static_cast<uint32_t>(edges);
         if (edges != 0)
             entry.edgeRecord = makeBatchSet();
     }
-    if (!edgeBatch_->positions.empty())
-        edgeBatch_->upload(GL_LINES);
-    builtScene_ = scene;
+    if (!built.edges->positions.empty())
+        built.edges->upload(GL_LINES);
     objectCount = count;
     processState().sceneChanged = 0;
 }
@@ -97,7 +101,7 @@ void EdgeRenderer::drawScene() {
     drawSiteBox(*scene);
 }
 
-void EdgeRenderer::drawEdges() const {
+void EdgeRenderer::drawEdges() {
     glEnable(GL_MULTISAMPLE);
     glEnable(GL_BLEND);
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
@@ -109,7 +113,7 @@ void EdgeRenderer::drawEdges() const {
     glDisable(GL_LINE_STIPPLE);
     glLineWidth(1.0f);
     unbindAllArrays();
-    edgeBatch_->drawWithin(tileVolume, kDrawPositions | kDrawColors, GL_LINES);
+    built().edges->drawWithin(tileVolume, kDrawPositions | kDrawColors, GL_LINES);
     unbindAllArrays();
     glDisable(GL_SAMPLE_ALPHA_TO_COVERAGE);
     glDisable(GL_BLEND);

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "fixed/batches.h"
+#include "fixed/kept_scenes.h"
 #include "gpu/vertex_array.h"
 #include "render/renderer.h"
 
@@ -25,13 +27,19 @@ class EdgeRenderer : public Renderer {
     int drawToFile(const char* fileName) override;
 
   private:
-    void refreshBatches();
-    void rebuild();
-    void drawScene();
-    void drawEdges() const;
+    /// What is kept of a scene.
+    struct EdgeScene {
+        std::unique_ptr<ColorVertexArray> edges; ///< null before they are built
+        ParkedLists parked;                      ///< empty ones
+    };
 
-    std::unique_ptr<ColorVertexArray> edgeBatch_;
-    const SCENE* builtScene_ = nullptr; ///< the record that the edges were built from
+    EdgeScene& built();
+    void refreshBatches();
+    void rebuild(EdgeScene& built);
+    void drawScene();
+    void drawEdges();
+
+    KeptScenes<EdgeScene> kept_;
 };
 
 } // namespace ogl

@@ -18,6 +18,7 @@ namespace ogl {
 namespace {
 
 constexpr float kBaseLineWidth = 0.6f;
+constexpr BatchNeeds kNeeds{.emptyBounds = kUnitCube};
 
 } // namespace
 
@@ -44,19 +45,23 @@ int FixedRenderer::clearBackground() {
 int FixedRenderer::createResources() {
     if (!markTexture.exists())
         markTexture = createMarkTexture();
-    batches_.release();
+    kept_.clear();
     return 0;
 }
 
 void FixedRenderer::releaseResources() {
-    batches_.release();
+    kept_.clear();
+}
+
+SceneBatches& FixedRenderer::batches() {
+    return kept_.of(*scene, [this](const SceneBatches& kept) { return kept.belongsTo(*scene); });
 }
 
 int FixedRenderer::drawToWindow(const GLSurface& surface) {
     if (scene == nullptr)
         return 1;
     deleteReleasedObjects();
-    batches_.refresh(*this, kUnitCube);
+    batches().refresh(*this, kNeeds);
     if (objectCount == 0)
         return 1;
     drawScene();
@@ -69,7 +74,7 @@ int FixedRenderer::drawToBitmap(HBITMAP bitmap) {
     if (scene == nullptr)
         return 1;
     deleteReleasedObjects();
-    batches_.refreshForBitmap(*this, kUnitCube);
+    batches().refreshForBitmap(*this, kNeeds);
     const EdgeStyle style = edgeStyle(*scene, drawFlags, lineWidth);
     drawFrameToBitmap(*this, bitmap, [this] { drawScene(); }, {.reachPixels = edgeReach(style)});
     return 1;
@@ -92,9 +97,9 @@ void FixedRenderer::drawScene() {
     FixedShading shading(*this, [this](const MATERIAL& material, int sharedSlot, int textured) {
         setMaterialColor(material, sharedSlot, textured);
     });
-    SurfacePass{*this, batches_.meshes(), shading}.draw();
-    EdgePass{*this, batches_.edges(), batches_.silhouettes(),
-             edgeStyle(*scene, drawFlags, lineWidth)}
+    const SceneBatches& shown = batches();
+    SurfacePass{*this, shown.meshes(), shading}.draw();
+    EdgePass{*this, shown.edges(), shown.silhouettes(), edgeStyle(*scene, drawFlags, lineWidth)}
         .draw();
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "fixed/kept_scenes.h"
 #include "fixed/scene_batches.h"
 #include "render/renderer.h"
 
@@ -27,9 +28,10 @@ class FixedRenderer : public Renderer {
     virtual void setMaterialColor(const MATERIAL& material, int sharedSlot, int textured);
 
   private:
+    SceneBatches& batches();
     void drawScene();
 
-    SceneBatches batches_;
+    KeptScenes<SceneBatches> kept_;
 };
 
 } // namespace ogl

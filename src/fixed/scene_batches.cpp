@@ -37,34 +37,8 @@ void buildPreviewMeshes(const SCENE& scene, Ptr32<MeshBatchList>& slot, Box& bou
         batch->upload(GL_TRIANGLES);
 }
 
-/// Builds the surfaces of the drawn objects into buffers that they share, and parks those of each
-/// object in its entry of the host's cache.
-void buildMeshes(const SCENE& scene, const VIEW& view, Box& bounds) {
-    const SceneLists lists(scene);
-    MeshBatchBuilder builder(scene);
-    MeshLayout layout;
-    for (int k = 0; k < cacheEntryCount(view); ++k)
-        if (lists.isDrawn(k))
-            if (const auto sizes = builder.batchSizes(k); getsList(builder, k, sizes))
-                layout.add(k, sizes);
-    layout.place(lists.materials.size());
-    MeshUpload upload(layout);
-    for (size_t i = 0; i < layout.objectCount(); ++i) {
-        const MeshLayout::ObjectPlaces placed = layout.object(i);
-        MeshBatchList* list = makeMeshBatchList();
-        if (list == nullptr)
-            continue;
-        cacheEntry(view, placed.object)->meshBatches = list;
-        list->batches = builder.build(placed.object, placed.sizes, bounds);
-        for (size_t b = 0; b < placed.places.size(); ++b)
-            upload.add(*list->batches[b], placed.places[b]);
-        builder.reclaim(list->batches);
-    }
-    upload.finish();
-}
-
-void buildEdges(const EdgeBuilder& builder, int object, CACHEENTRY& entry, ColorVertexArray& edges,
-                ColorVertexArray& silhouettes) {
+void buildEdgesOf(const EdgeBuilder& builder, int object, CACHEENTRY& entry,
+                  ColorVertexArray& edges, ColorVertexArray& silhouettes) {
     const int count = builder.append(object, edges, &silhouettes);
     if (count == 0)
         return;
@@ -110,9 +84,10 @@ bool refreshPreviewRecord(const SCENE& scene, CACHEENTRY& record, bool force, Bo
 void SceneBatches::refreshPreview(Renderer& renderer, VIEW& view) {
     prepareTextures(renderer);
     setPreview(true);
-    if (refreshPreviewRecord(*renderer.scene, view.preview, false, renderer.sceneBounds))
+    if (refreshPreviewRecord(*renderer.scene, view.preview, false, bounds_))
         ++generation_;
     previewMeshes_.collectPreview(view.preview, materialCount(*renderer.scene));
+    tell(renderer);
 }
 
 void SceneBatches::setPreview(bool on) {
@@ -121,12 +96,11 @@ void SceneBatches::setPreview(bool on) {
     preview_ = on;
 }
 
-bool SceneBatches::isBuiltFrom(const Renderer& renderer) const {
-    return edgeBatch_ != nullptr && builtScene_ == renderer.scene &&
-           silhouettesBuilt_ == (renderer.drawFaces != 0);
+bool SceneBatches::isBuiltFor(const Renderer& renderer) const {
+    return edgeBatch_ != nullptr && silhouettesBuilt_ == (renderer.drawFaces != 0);
 }
 
-bool SceneBatches::refresh(Renderer& renderer, const Box& emptyBounds) {
+bool SceneBatches::refresh(Renderer& renderer, const BatchNeeds& needs) {
     const SCENE& scene = *renderer.scene;
     VIEW* view = viewOf(scene);
     if (view != nullptr && view->previewMode != 0) {
@@ -134,16 +108,17 @@ bool SceneBatches::refresh(Renderer& renderer, const Box& emptyBounds) {
         return false;
     }
     setPreview(false);
-    bool due = processState().sceneChanged != 0 || !isBuiltFrom(renderer);
-    due = due || renderer.lastModelStamp != static_cast<int64_t>(modelStamp(scene));
+    bool due = processState().sceneChanged != 0 || !isBuiltFor(renderer);
+    due = due || modelStamp_ != static_cast<int64_t>(modelStamp(scene));
     due = due || twoSided_ != isTwoSided(scene);
     due = due || (view != nullptr && anyObjectChanged(*view, kObjectChanged));
     if (due)
-        rebuildAll(renderer, emptyBounds);
+        rebuildAll(renderer, needs);
+    tell(renderer);
     return due;
 }
 
-bool SceneBatches::refreshForBitmap(Renderer& renderer, const Box& emptyBounds) {
+bool SceneBatches::refreshForBitmap(Renderer& renderer, const BatchNeeds& needs) {
     const SCENE& scene = *renderer.scene;
     VIEW* view = viewOf(scene);
     if (view != nullptr && view->previewMode != 0) {
@@ -151,69 +126,91 @@ bool SceneBatches::refreshForBitmap(Renderer& renderer, const Box& emptyBounds) 
         return false;
     }
     setPreview(false);
-    const bool due = processState().sceneChanged != 0 || !isBuiltFrom(renderer) ||
+    const bool due = processState().sceneChanged != 0 || !isBuiltFor(renderer) ||
                      (view != nullptr && anyObjectChanged(*view, kChangedForBitmap));
     if (due)
-        rebuildAll(renderer, emptyBounds);
+        rebuildAll(renderer, needs);
     else
         prepareTextures(renderer);
+    tell(renderer);
     return due;
 }
 
-void SceneBatches::rebuildAll(Renderer& renderer, const Box& emptyBounds) {
+void SceneBatches::rebuildAll(Renderer& renderer, const BatchNeeds& needs) {
     const SCENE& scene = *renderer.scene;
     VIEW* view = viewOf(scene);
-    const int count = view != nullptr ? cacheEntryCount(*view) : 0;
+    objectCount_ = view != nullptr ? cacheEntryCount(*view) : 0;
     preview_ = false;
-    renderer.sceneBounds = emptyBounds;
+    bounds_ = needs.emptyBounds;
     prepareTextures(renderer);
     meshes_.clear();
+    parked_ = {};
     edgeBatch_ = std::make_unique<ColorVertexArray>();
     silhouetteBatch_ = std::make_unique<ColorVertexArray>();
 
-    for (int k = 0; k < count; ++k) {
+    for (int k = 0; k < objectCount_; ++k) {
         CACHEENTRY& entry = *cacheEntry(*view, k);
-        if (withEdges_)
+        if (needs.withEdges)
             releaseBatchesOf(entry);
         else
             releaseMeshBatches(entry.meshBatches);
         entry.changeFlags &= ~kObjectChanged;
     }
     if (view != nullptr) {
-        buildMeshes(scene, *view, renderer.sceneBounds);
+        buildMeshes(scene, *view);
         meshes_.collect(*view, materialCount(scene));
-        if (withEdges_)
-            rebuildEdges(scene, *view, renderer.drawFaces != 0);
+        if (needs.withEdges)
+            buildEdges(scene, *view, renderer.drawFaces != 0);
     }
-    builtScene_ = &scene;
     silhouettesBuilt_ = renderer.drawFaces != 0;
     ++generation_;
     twoSided_ = isTwoSided(scene);
-    renderer.lastModelStamp = static_cast<int64_t>(modelStamp(scene));
-    renderer.objectCount = count;
+    modelStamp_ = static_cast<int64_t>(modelStamp(scene));
     processState().sceneChanged = 0;
+    tell(renderer);
 }
 
-void SceneBatches::rebuildEdges(const SCENE& scene, const VIEW& view, bool withSilhouettes) {
+/// Builds the surfaces of the drawn objects into buffers that they share, and parks those of each
+/// object in its entry of the host's cache.
+void SceneBatches::buildMeshes(const SCENE& scene, const VIEW& view) {
+    const SceneLists lists(scene);
+    MeshBatchBuilder builder(scene);
+    MeshLayout layout;
+    for (int k = 0; k < cacheEntryCount(view); ++k)
+        if (lists.isDrawn(k))
+            if (const auto sizes = builder.batchSizes(k); getsList(builder, k, sizes))
+                layout.add(k, sizes);
+    layout.place(lists.materials.size());
+    MeshUpload upload(layout);
+    for (size_t i = 0; i < layout.objectCount(); ++i) {
+        const MeshLayout::ObjectPlaces placed = layout.object(i);
+        MeshBatchList* list = parked_.park(*cacheEntry(view, placed.object));
+        if (list == nullptr)
+            continue;
+        list->batches = builder.build(placed.object, placed.sizes, bounds_);
+        for (size_t b = 0; b < placed.places.size(); ++b)
+            upload.add(*list->batches[b], placed.places[b]);
+        builder.reclaim(list->batches);
+    }
+    upload.finish();
+}
+
+void SceneBatches::buildEdges(const SCENE& scene, const VIEW& view, bool withSilhouettes) {
     const SceneLists lists(scene);
     const EdgeBuilder builder(scene, {.silhouettes = withSilhouettes});
-    const int count = cacheEntryCount(view);
-    builder.reserve(count, *edgeBatch_, silhouetteBatch_.get());
-    for (int k = 0; k < count; ++k)
+    builder.reserve(objectCount_, *edgeBatch_, silhouetteBatch_.get());
+    for (int k = 0; k < objectCount_; ++k)
         if (lists.isDrawn(k))
-            buildEdges(builder, k, *cacheEntry(view, k), *edgeBatch_, *silhouetteBatch_);
+            buildEdgesOf(builder, k, *cacheEntry(view, k), *edgeBatch_, *silhouetteBatch_);
     if (!edgeBatch_->positions.empty())
         edgeBatch_->upload(GL_LINES);
     if (!silhouetteBatch_->positions.empty())
         silhouetteBatch_->upload(GL_TRIANGLES);
 }
 
-void SceneBatches::release() {
-    edgeBatch_.reset();
-    silhouetteBatch_.reset();
-    meshes_.clear();
-    previewMeshes_.clear();
-    builtScene_ = nullptr;
+void SceneBatches::tell(Renderer& renderer) const {
+    renderer.sceneBounds = bounds_;
+    renderer.objectCount = objectCount_;
 }
 
 const ColorVertexArray* SceneBatches::edges() const {

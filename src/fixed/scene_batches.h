@@ -17,28 +17,31 @@ class Renderer;
 /// What the bounds of drawings and photos always hold.
 inline constexpr Box kUnitCube{{-1.0f, -1.0f, -1.0f}, {1.0f, 1.0f, 1.0f}};
 
-/// What a renderer draws of a scene: its edges and silhouettes, which it holds itself, and the
+/// What a renderer needs of a build.
+struct BatchNeeds {
+    Box emptyBounds{};     ///< from which the bounds grow
+    bool withEdges = true; ///< and silhouettes
+};
+
+/// What a renderer draws of one scene: its edges and silhouettes, which are held here, and the
 /// surfaces, which live in the host's object cache. Built when the scene changes, not per frame.
 class SceneBatches {
   public:
-    /// Brings the batches up to date for a frame in a window: in preview mode the preview record,
-    /// otherwise everything when the scene changed. A rebuild resets the renderer's scene bounds
-    /// to `emptyBounds` and grows them, and updates its object count and model stamp. Returns true
-    /// when it rebuilt everything.
-    bool refresh(Renderer& renderer, const Box& emptyBounds);
+    /// Brings the batches up to date for a frame in a window of the renderer's scene: in preview
+    /// mode the preview record, otherwise everything when the scene changed. The renderer gets the
+    /// scene's bounds and object count. Returns true when it rebuilt everything.
+    bool refresh(Renderer& renderer, const BatchNeeds& needs);
 
     /// The same for a frame in a bitmap, where only change marks of objects and the process-wide
     /// mark make a rebuild due.
-    bool refreshForBitmap(Renderer& renderer, const Box& emptyBounds);
+    bool refreshForBitmap(Renderer& renderer, const BatchNeeds& needs);
 
     /// Builds everything of every object and shows it, during a preview too.
-    void rebuildAll(Renderer& renderer, const Box& emptyBounds);
+    void rebuildAll(Renderer& renderer, const BatchNeeds& needs);
 
-    /// From now on no edges and silhouettes are built: for renderers that draw none.
-    void leaveEdgesOut() { withEdges_ = false; }
-
-    /// Destroys the edges and silhouettes. The surfaces stay with the host.
-    void release();
+    /// False when the record cannot be the one that this was built from, or others have built from
+    /// it since: the surfaces in its cache are not those of this build.
+    bool belongsTo(const SCENE& scene) const { return parked_.areIn(viewOf(scene)); }
 
     /// Differs from an earlier value when meshes() may draw something else than then.
     int generation() const { return generation_; }
@@ -50,19 +53,23 @@ class SceneBatches {
     const ColorVertexArray* silhouettes() const;
 
   private:
-    bool isBuiltFrom(const Renderer& renderer) const;
+    bool isBuiltFor(const Renderer& renderer) const;
     void setPreview(bool on);
     void refreshPreview(Renderer& renderer, VIEW& view);
-    void rebuildEdges(const SCENE& scene, const VIEW& view, bool withSilhouettes);
+    void buildMeshes(const SCENE& scene, const VIEW& view);
+    void buildEdges(const SCENE& scene, const VIEW& view, bool withSilhouettes);
+    void tell(Renderer& renderer) const;
 
     std::unique_ptr<ColorVertexArray> edgeBatch_;
     std::unique_ptr<ColorVertexArray> silhouetteBatch_;
+    ParkedLists parked_;
     DrawLists meshes_;
     DrawLists previewMeshes_;
-    const SCENE* builtScene_ = nullptr; ///< only compared, never read
-    bool silhouettesBuilt_ = false;     ///< or all outlines are among the edges
+    Box bounds_;
+    int objectCount_ = -1;          ///< cache entries at the last build
+    int64_t modelStamp_ = -1;       ///< of the last build
+    bool silhouettesBuilt_ = false; ///< or all outlines are among the edges
     int generation_ = 0;
-    bool withEdges_ = true;
     bool twoSided_ = false; ///< kGeometryTwoSided at the last build
     bool preview_ = false;  ///< the preview record is drawn instead of the scene
 };

@@ -20,8 +20,6 @@
 #include "gpu/gl_debug.h"
 #include "render/render_context.h"
 
-#include <utility>
-
 namespace ogl {
 
 namespace {
@@ -70,16 +68,19 @@ void ShadowRenderer::createSharedResources() {
         shadowTarget_ = std::make_unique<RenderTarget>(&targetBlocks[0]);
         shadowTarget_->create(shadowTargetLayout());
     }
-    batches_.release();
+    kept_.clear();
 }
 
 void ShadowRenderer::releaseResources() {
     objectProgram_.reset();
     shadowTarget_.reset();
-    batches_.release();
     jitterTexture_.reset();
-    sunLight_.reset();
-    portals_.clear();
+    kept_.clear();
+}
+
+LitScene& ShadowRenderer::kept() {
+    return kept_.of(*scene,
+                    [this](const LitScene& kept) { return kept.batches.belongsTo(*scene); });
 }
 
 bool ShadowRenderer::buildObjectProgram(ProgramIndex variant) {
@@ -88,30 +89,30 @@ bool ShadowRenderer::buildObjectProgram(ProgramIndex variant) {
     objectProgram_ = buildProgram(programSources_, variant, *errorLog);
     if (!objectProgram_->isLinked())
         objectProgram_.reset();
-    if (variant == kObjShaderShadow)
-        shadowsDirty_ = true;
     return true;
 }
 
 void ShadowRenderer::updateSunLight() {
     const std::optional<SceneSun> sun = sunOf(*scene);
+    LitScene& lit = kept();
     if (!sun || sceneBounds.min.x > sceneBounds.max.x) {
-        sunLight_.reset();
+        lit.sun.reset();
         return;
     }
-    if (sunLight_ == nullptr)
-        sunLight_ = std::make_unique<SunLight>(sceneBounds, sun->direction, Vec3{});
+    if (lit.sun == nullptr)
+        lit.sun = std::make_unique<SunLight>(sceneBounds, sun->direction, Vec3{});
     // A map drawn from elsewhere shows other shadows.
-    shadowsDirty_ = shadowsDirty_ || !sunLight_->isAimed(sceneBounds, sun->direction);
-    sunLight_->aim(sceneBounds, sun->direction);
-    sunLight_->color = sun->color * kSunIntensity;
+    lit.shadowsDirty = lit.shadowsDirty || !lit.sun->isAimed(sceneBounds, sun->direction);
+    lit.sun->aim(sceneBounds, sun->direction);
+    lit.sun->color = sun->color * kSunIntensity;
 }
 
 void ShadowRenderer::updateShadows() {
-    if (sunLight_ == nullptr || !(shadowsDirty_ || !sunLight_->shadowTexture.exists()))
+    LitScene& lit = kept();
+    if (lit.sun == nullptr || !(lit.shadowsDirty || !lit.sun->shadowTexture.exists()))
         return;
-    renderShadowMap(*sunLight_);
-    shadowsDirty_ = false;
+    renderShadowMap(*lit.sun);
+    lit.shadowsDirty = false;
 }
 
 void ShadowRenderer::renderShadowMap(ShadowLight& light) {
@@ -120,12 +121,13 @@ void ShadowRenderer::renderShadowMap(ShadowLight& light) {
     const bool interior = kind == kDeferredRenderer && light.kind == LightKind::Sun &&
                           (scene->lightFlags & kLightInterior) != 0;
     FixedShading shading = fixedShading();
-    ShadowMapPass{*this, batches_.meshes(), shading, *shadowTarget_, interior, portals_}.draw(
+    const LitScene& lit = kept();
+    ShadowMapPass{*this, lit.batches.meshes(), shading, *shadowTarget_, interior, lit.portals}.draw(
         light);
 }
 
 void ShadowRenderer::buildPortals() {
-    portals_ = findPortals(*scene);
+    kept().portals = findPortals(*scene);
 }
 
 FixedShading ShadowRenderer::fixedShading() {
@@ -145,20 +147,20 @@ void ShadowRenderer::noticeChanges() {
     const bool marked = (scene->geometry.flags & kGeometryShadowsChanged) != 0;
     if (marked)
         scene->geometry.flags = scene->geometry.flags & ~kGeometryShadowsChanged;
-    const bool otherMeshes = takeNewGeneration();
-    shadowsDirty_ = shadowsDirty_ || marked || sizeChanged != 0 || otherMeshes;
-}
-
-bool ShadowRenderer::takeNewGeneration() {
-    return std::exchange(builtGeneration_, batches_.generation()) != batches_.generation();
+    LitScene& lit = kept();
+    const bool otherMeshes = lit.takesOtherMeshes();
+    const bool otherSize = lit.takesOtherSize(width, height);
+    lit.shadowsDirty = lit.shadowsDirty || marked || otherMeshes || otherSize;
 }
 
 void ShadowRenderer::prepareProgram(bool shadows) {
     updateSunLight();
     if (objectProgram_ == nullptr)
         return;
-    const bool mapped = shadows && sunLight_ != nullptr;
-    buildObjectProgram(mapped ? kObjShaderShadow : kObjShader);
+    LitScene& lit = kept();
+    const bool mapped = shadows && lit.sun != nullptr;
+    if (buildObjectProgram(mapped ? kObjShaderShadow : kObjShader))
+        lit.shadowsDirty = true;
     if (mapped)
         updateShadows();
 }
@@ -167,8 +169,9 @@ int ShadowRenderer::drawToWindow(const GLSurface& surface) {
     if (scene == nullptr)
         return 1;
     deleteReleasedObjects();
-    batches_.refresh(*this, Box{});
-    if (std::exchange(portalGeneration_, batches_.generation()) != batches_.generation())
+    LitScene& lit = kept();
+    lit.batches.refresh(*this, {});
+    if (lit.takesOtherPortals())
         buildPortals();
     noticeChanges();
     if (objectCount == 0)
@@ -184,7 +187,7 @@ int ShadowRenderer::drawToBitmap(HBITMAP bitmap) {
     if (scene == nullptr)
         return 1;
     deleteReleasedObjects();
-    batches_.refreshForBitmap(*this, Box{});
+    kept().batches.refreshForBitmap(*this, {});
     if ((scene->geometry.flags & kGeometryPlanView) != 0) {
         prepareProgram(false);
         drawPlan(bitmap);
@@ -201,7 +204,7 @@ int ShadowRenderer::drawToFile(const char* fileName) {
     if (scene == nullptr || fileName == nullptr)
         return 1;
     deleteReleasedObjects();
-    batches_.rebuildAll(*this, Box{});
+    kept().batches.rebuildAll(*this, {});
     noticeChanges();
     glClearColor(1.0f, 0.0f, 0.0f, 1.0f);
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
@@ -224,25 +227,27 @@ void ShadowRenderer::drawFrame() {
 }
 
 void ShadowRenderer::drawSky() {
-    if (backgroundTexture.exists() && !portals_.empty())
-        drawSkyThroughPortals(portals_, backgroundTexture.name(), quadric);
+    const LitScene& lit = kept();
+    if (backgroundTexture.exists() && !lit.portals.empty())
+        drawSkyThroughPortals(lit.portals, backgroundTexture.name(), quadric);
 }
 
 void ShadowRenderer::drawMeshes(Lighting lighting) {
+    const LitScene& lit = kept();
     if (lighting == Lighting::Program && objectProgram_ != nullptr)
-        ProgramSurfacePass{*this,           batches_.meshes(), *objectProgram_,
-                           sunLight_.get(), jitterTexture_,    shadowSamples_}
+        ProgramSurfacePass{*this,         lit.batches.meshes(), *objectProgram_,
+                           lit.sun.get(), jitterTexture_,       shadowSamples_}
             .draw();
     else
         drawFixedSurfaces(lighting == Lighting::Fixed);
-    EdgePass{*this, batches_.edges(), batches_.silhouettes(), edgeStyleOfFrame()}.draw();
+    EdgePass{*this, lit.batches.edges(), lit.batches.silhouettes(), edgeStyleOfFrame()}.draw();
 }
 
 void ShadowRenderer::drawFixedSurfaces(bool lit) {
     if (lit)
         turnSunLightingOn(sunOf(*scene));
     FixedShading shading = fixedShading();
-    SurfacePass{*this, batches_.meshes(), shading, lit}.draw();
+    SurfacePass{*this, kept().batches.meshes(), shading, lit}.draw();
     turnSunLightingOff();
 }
 

@@ -3,18 +3,16 @@
 #pragma once
 
 #include "fixed/edge_pass.h"
-#include "fixed/portals.h"
+#include "fixed/kept_scenes.h"
+#include "fixed/lit_scene.h"
 #include "fixed/program_surface_pass.h"
-#include "fixed/scene_batches.h"
 #include "fixed/surface_shading.h"
 #include "gpu/render_target.h"
 #include "gpu/shader_program.h"
-#include "render/light.h"
 #include "render/program_sources.h"
 #include "render/renderer.h"
 
 #include <memory>
-#include <vector>
 
 namespace ogl {
 
@@ -32,8 +30,8 @@ class ShadowRenderer : public Renderer {
     void releaseResources() override;
     int drawToWindow(const GLSurface& surface) override;
     /// In tiles when the bitmap has another size than the view. Draws a plan from above, without
-    /// shadows and sky, when the scene's plan view is on. Portals stay those of the last window
-    /// frame.
+    /// shadows and sky, when the scene's plan view is on. Portals stay those of the scene's last
+    /// window frame.
     int drawToBitmap(HBITMAP bitmap) override;
     /// Writes a Windows bitmap of the view's size whose first stored row is the frame's top row.
     /// A path that cannot be written leaves no file and an entry in the log. Returns 1.
@@ -44,8 +42,8 @@ class ShadowRenderer : public Renderer {
   protected:
     /// What this renderer and those derived from it need, but for programs.
     void createSharedResources();
-    /// True when the batches were built, or others are drawn, since it was asked last.
-    bool takeNewGeneration();
+    /// What is kept of the scene that is drawn.
+    LitScene& kept();
     /// Makes the object program in the variant kObjShader or kObjShaderShadow unless it is there;
     /// true when it was made. A program that does not link is none.
     bool buildObjectProgram(ProgramIndex variant);
@@ -60,15 +58,11 @@ class ShadowRenderer : public Renderer {
     void drawSky();
     FixedShading fixedShading();
 
-    SceneBatches batches_;
     std::unique_ptr<RenderTarget> shadowTarget_;
-    std::unique_ptr<SunLight> sunLight_;
     std::unique_ptr<ShaderProgram> objectProgram_;
     GLTexture jitterTexture_;
     ShadowSamples shadowSamples_{};
     ProgramSourceTable programSources_{};
-    std::vector<PortalRecord> portals_;
-    bool shadowsDirty_ = false;
 
   private:
     enum class Lighting {
@@ -84,8 +78,7 @@ class ShadowRenderer : public Renderer {
     EdgeStyle edgeStyleOfFrame() const;
     void drawPlan(HBITMAP bitmap);
 
-    int builtGeneration_ = 0;  ///< of the batches that the shadow map shows
-    int portalGeneration_ = 0; ///< of the batches that the portals were found with
+    KeptScenes<LitScene> kept_;
 };
 
 } // namespace ogl

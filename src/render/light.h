@@ -8,6 +8,7 @@
 
 #include <array>
 #include <memory>
+#include <vector>
 
 namespace ogl {
 
@@ -30,6 +31,8 @@ class Light {
     Vec3 color{}; ///< colour times intensity
     int castsShadow = 0;
 };
+
+using LightList = std::vector<std::unique_ptr<Light>>;
 
 /// A light with a shadow map, seen through the light's camera.
 class ShadowLight : public Light {

@@ -58,11 +58,8 @@ void Renderer::resetGLState() {
 }
 
 void Renderer::setSize(int newWidth, int newHeight) {
-    newWidth = std::max(newWidth, 0);
-    newHeight = std::max(newHeight, 0);
-    sizeChanged = newWidth != width || newHeight != height ? 1 : 0;
-    width = newWidth;
-    height = newHeight;
+    width = std::max(newWidth, 0);
+    height = std::max(newHeight, 0);
 }
 
 void Renderer::setSizeFromWindow(const GLSurface& surface) {

@@ -114,10 +114,8 @@ class Renderer {
     const ViewVolume* tileVolume = nullptr; ///< what the tile being drawn shows; null = everything
     std::array<std::array<uint8_t, 64>, 2> targetBlocks{}; ///< handed to render targets by address
     int kind = kEdgeRenderer;
-    Box sceneBounds;             ///< of the vertices of the last batch build
-    int objectCount = -1;        ///< cache entries at the last batch build
-    int64_t lastModelStamp = -1; ///< of the last batch build
-    int sizeChanged = 0;         ///< 1 = the last size update changed the size
+    Box sceneBounds;      ///< of the vertices of the last batch build
+    int objectCount = -1; ///< cache entries at the last batch build
     GLUquadric* quadric = nullptr;
     float clearColor[3] = {}; ///< background last cleared to
     GLTexture backgroundTexture;

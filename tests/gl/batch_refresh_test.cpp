@@ -108,23 +108,108 @@ TEST_F(BatchRefreshTest, RebuildsWhenTheSceneSaysSo) {
     }
 }
 
-TEST_F(BatchRefreshTest, RebuildsForAnotherSceneRecord) {
+/// A scene of one plate, marked as changed or not.
+std::unique_ptr<test::SceneFixture> plateScene(uint32_t marks) {
+    auto scene = std::make_unique<test::SceneFixture>();
+    scene->addMaterial(plainMaterial());
+    scene->addObject();
+    scene->addFace(plate(-9, 6, 9, 9));
+    scene->commit();
+    scene->entry(0).changeFlags = marks;
+    scene->look({0, 0, 10}, {0, 0, 0}, 3.14159265358979 / 2);
+    scene->scene().drawingOptions = kOptionBackgroundColor;
+    return scene;
+}
+
+TEST_F(BatchRefreshTest, ScenesInTurnAreBuiltOnce) {
+    const auto other = plateScene(0);
+    for (const bool edgesOnly : {false, true}) {
+        SCOPED_TRACE(edgesOnly);
+        if (edgesOnly)
+            select<EdgeRenderer>();
+        else
+            selectDrawing();
+        processState().sceneChanged = 1;
+        std::vector<Picture> pictures; // of the first frames
+        const auto uploads = [&](SCENE& scene) {
+            renderer_->scene = &scene;
+            const uint64_t before = glWork().uploads;
+            const Picture picture = drawFrame();
+            if (pictures.size() < 2)
+                pictures.push_back(picture);
+            const Picture& first = pictures[&scene == &scene_->scene() ? 0 : 1];
+            EXPECT_EQ(test::differences(picture, first, kViewSize, kViewSize), 0);
+            return glWork().uploads - before;
+        };
+        SCENE& one = scene_->scene();
+        SCENE& two = other->scene();
+        EXPECT_NE(uploads(one), 0u);
+        EXPECT_NE(uploads(two), 0u);
+        EXPECT_NE(test::differences(pictures[0], pictures[1], kViewSize, kViewSize), 0);
+        EXPECT_EQ(uploads(one) + uploads(two) + uploads(one), 0u);
+        EXPECT_EQ(renderer_->objectCount, edgesOnly ? 1 : kObjects);
+        other->entry(0).changeFlags = 1;
+        EXPECT_EQ(uploads(one), 0u) << "the other one is marked";
+        EXPECT_NE(uploads(two), 0u) << "marked";
+        EXPECT_EQ(uploads(one) + uploads(two), 0u) << "the mark is taken";
+        processState().sceneChanged = 1;
+        EXPECT_NE(uploads(one), 0u) << "the process";
+        EXPECT_NE(uploads(two), 0u) << "the process's mark speaks of all";
+        EXPECT_EQ(uploads(one) + uploads(two), 0u);
+    }
+}
+
+/// A record is known by its address, where the host may put another one.
+TEST_F(BatchRefreshTest, RecordsAreNotTakenForOthers) {
+    selectDrawing();
+    const auto home = plateScene(1);
+    const auto place = [&](const SCENE& scene) {
+        home->scene() = scene;
+        renderer_->scene = &home->scene();
+    };
+    const auto showsPlate = [&](const Picture& picture) {
+        return isNear(pixelAt(picture, 0, 7), kWhite, 1) &&
+               isNear(pixelAt(picture, -7, -2), {0, 0, 0}, 1);
+    };
+    const auto showsOwn = [&](const Picture& picture) {
+        return isNear(pixelAt(picture, 0, 7), {0, 0, 0}, 1) &&
+               isNear(pixelAt(picture, -7, -2), kWhite, 1);
+    };
+    EXPECT_TRUE(showsOwn(drawFrame()));
+    const auto gone = plateScene(1);
+    place(gone->scene());
+    EXPECT_TRUE(showsPlate(drawFrame()));
+    renderer_->scene = &scene_->scene();
+    EXPECT_TRUE(showsOwn(drawFrame()));
+    // Another scene where the first one was, without a mark; and a copy of a record, with which it
+    // shares the cache.
+    const auto unmarked = plateScene(0);
+    place(unmarked->scene());
+    EXPECT_TRUE(showsPlate(drawFrame()));
+    EXPECT_TRUE(static_cast<bool>(unmarked->entry(0).meshBatches));
+    renderer_->scene = &scene_->scene();
+    EXPECT_TRUE(showsOwn(drawFrame()));
+    place(scene_->scene());
+    EXPECT_TRUE(showsOwn(drawFrame()));
+    renderer_->scene = &scene_->scene();
+    EXPECT_TRUE(showsOwn(drawFrame()));
+    EXPECT_TRUE(showsOwn(drawFrame()));
+}
+
+TEST_F(BatchRefreshTest, ForgetsTheSceneDrawnLongestAgo) {
     selectDrawing();
     drawFrame();
-    test::SceneFixture other;
-    other.addMaterial(plainMaterial());
-    other.addObject();
-    other.addFace(plate(-9, 6, 9, 9));
-    other.commit();
-    other.entry(0).changeFlags = 0;
-    other.look({0, 0, 10}, {0, 0, 0}, 3.14159265358979 / 2);
-    other.scene().drawingOptions = kOptionBackgroundColor;
-    renderer_->scene = &other.scene();
-    const Picture picture = drawFrame();
-    EXPECT_TRUE(isNear(pixelAt(picture, 0, 7), kWhite, 1));
-    EXPECT_TRUE(isNear(pixelAt(picture, -7, -2), {0, 0, 0}, 1));
-    renderer_->scene = &scene_->scene();
-    EXPECT_TRUE(isNear(pixelAt(drawFrame(), -7, -2), kWhite, 1));
+    std::vector<std::unique_ptr<test::SceneFixture>> scenes;
+    const int one = liveObjects(GLKind::Buffer);
+    for (size_t k = 0; k < 2 * kMostKeptScenes; ++k) {
+        scenes.push_back(plateScene(1));
+        renderer_->scene = &scenes.back()->scene();
+        drawFrame();
+        releaseBatchesOf(scenes.back()->entry(0));
+    }
+    const int buffersOfEdges = 2;
+    EXPECT_LE(liveObjects(GLKind::Buffer),
+              one + static_cast<int>(kMostKeptScenes) * buffersOfEdges);
 }
 
 TEST_F(BatchRefreshTest, SurvivesBatchesReleasedWithoutAContext) {

@@ -76,6 +76,35 @@ TEST_F(DeferredRulesTest, ShadowMapsAreDrawnOnlyWhenTheyChange) {
     }
 }
 
+TEST_F(DeferredRulesTest, ScenesInTurnKeepTheirLights) {
+    addWall();
+    setSun(30, -50);
+    selectPhoto();
+    test::SceneFixture other;
+    other.addMaterial(scene_->material(0));
+    other.addObject();
+    other.addFace(plate(-5, -5, 5, 5));
+    for (int k = 0; k < 3; ++k)
+        other.addLight(k < 2 ? LIGHT{} : test::spotLamp({0, 0, 3}, {0, 0, 0}, {0.5f, 0, 0}, 40));
+    other.commit();
+    other.look({0, 0, 10}, {0, 0, 0}, 1.5);
+    SCENE& second = other.scene();
+    second.exposure = scene_->scene().exposure;
+    second.toneGamma = scene_->scene().toneGamma;
+    second.saturation = scene_->scene().saturation;
+    second.ambientLevel = scene_->scene().ambientLevel;
+    const Pixel first = shown(kBrick, sunOn({0, 0, 1}));
+    const Pixel lamp = shown(kBrick, {0.35f, 0, 0});
+    for (int round = 0; round < 3; ++round)
+        for (SCENE* scene : {&scene_->scene(), &second}) {
+            renderer_->scene = scene;
+            const int before = photo().shadowMapsDrawn();
+            const Pixel middle = pixelAt(drawFrame(), 0, 0);
+            EXPECT_EQ(photo().shadowMapsDrawn() - before, round == 0 ? 1 : 0) << round;
+            EXPECT_TRUE(isNear(middle, scene == &second ? lamp : first, 2)) << middle.red;
+        }
+}
+
 TEST_F(DeferredRulesTest, LampsChangeWithTheirMark) {
     addWall();
     addLamps({test::pointLamp({0, 0, 2}, {1, 1, 1})});

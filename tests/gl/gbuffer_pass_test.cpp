@@ -51,7 +51,7 @@ class GBufferPassTest : public test::DeferredBench {
         glFrontFace(GL_CW);
     }
     void TearDown() override {
-        batches_.release();
+        batches_ = {};
         releaseTextureImage(holes_);
         DeferredBench::TearDown();
     }
@@ -84,7 +84,7 @@ class GBufferPassTest : public test::DeferredBench {
     }
     void showScene() {
         scene_->commit();
-        batches_.rebuildAll(*renderer_, Box{});
+        batches_.rebuildAll(*renderer_, {});
         renderer_->setSize(kSide, kSide);
         renderer_->setupCamera(scene_->scene());
         renderer_->camera.apply();

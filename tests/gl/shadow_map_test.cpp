@@ -250,5 +250,34 @@ TEST_F(ShadowMapTest, ShadowsAreDrawnOnlyWhenMarked) {
     expectLit(drawFrame(), -2, 0, 0, "turned sun");
 }
 
+TEST_F(ShadowMapTest, ScenesInTurnKeepTheirShadows) {
+    addFloor(9);
+    addBoxObject(2);
+    setSun({1, 0, -1});
+    ShadowRenderer& renderer = selectShadow(kDrawFullQuality | kDrawShadows);
+    SceneFixture other; // its box stands elsewhere, under another sun
+    other.addMaterial(plainMaterial());
+    other.addLight(sun_);
+    other.addObject();
+    other.addFace(plate(-9, -9, 9, 9));
+    addBox(other, {3, 3, 0}, {5, 5, 2});
+    other.commit();
+    other.light(0).target = {-1, 0, -1};
+    other.geometry().lightAmbient = kAmbient;
+    other.look({0, 0, 10}, {0, 0, 0}, 3.14159265358979 / 2);
+    uint64_t calls[2] = {};
+    for (int round = 0; round < 3; ++round)
+        for (const int k : {0, 1}) {
+            renderer.scene = k == 0 ? &scene_->scene() : &other.scene();
+            const uint64_t before = glWork().drawCalls;
+            const Picture picture = drawFrame();
+            const uint64_t drawn = glWork().drawCalls - before;
+            EXPECT_EQ(round == 0 || drawn < calls[k], true) << round << ", " << k;
+            calls[k] = round == 0 ? drawn : calls[k];
+            expectLit(picture, 2, 0, k == 0 ? 0 : 1, "east of the first box");
+            expectLit(picture, 2, 4, k == 0 ? 1 : 0, "west of the second box");
+        }
+}
+
 } // namespace
 } // namespace ogl::test
