@@ -6,9 +6,9 @@
 #include "platform/own_window.h"
 #include "render/render_context.h"
 #include "render/renderer.h"
+#include "render/view_size.h"
 #include "scene/record_views.h"
 
-#include <algorithm>
 #include <string>
 
 namespace ogl {
@@ -75,25 +75,17 @@ void updateSecondSurface(RenderContext& context, Renderer& renderer, HWND second
     renderer.resetGLState();
 }
 
-/// Pixels of the largest frame that the own window takes in one piece; and the side of the tiles
-/// of larger pictures. Sides of tiles suit a driver's own tiles of 64 pixels.
-constexpr int64_t kLargestFramePixels = int64_t{4096} * 4096;
-constexpr int kTileSide = 2048;
-
-struct ViewSize {
-    int width;
-    int height;
-};
-
-/// The own window's size for a picture: that of the picture as far as the driver draws it at once
-/// and memory for it is moderate, else that of a tile.
-ViewSize viewSizeFor(int width, int height) {
-    GLint limits[2] = {1, 1};
-    glGetIntegerv(GL_MAX_VIEWPORT_DIMS, limits);
-    const bool atOnce = width <= limits[0] && height <= limits[1] &&
-                        static_cast<int64_t>(width) * height <= kLargestFramePixels;
-    const int side = std::min({kTileSide, limits[0], limits[1]});
-    return atOnce ? ViewSize{width, height} : ViewSize{side, side};
+/// Gives the own window the size of the picture, or of a tile of it. The view's size.
+ViewSize fitOwnWindow(RenderContext& context, const Renderer& renderer, ViewSize picture) {
+    const ViewSize view = viewSizeFor(
+        picture, frameBytesPerPixel(context.primary.samples, givenSamples(renderer.targetSamples)),
+        frameLimits());
+    resizeOwnWindow(view.width, view.height);
+    if (renderer.kind == kDeferredRenderer && view != picture)
+        context.errorLog.writeOnce("Error", "Photo too large to draw at once",
+                                   std::to_string(picture.width) + " x " +
+                                       std::to_string(picture.height));
+    return view;
 }
 
 } // namespace
@@ -122,9 +114,9 @@ void drawInDibSection(RenderContext& context, SCENE& scene, uint32_t drawFlags, 
     DIBSECTION section{};
     if (renderer != nullptr && GetObjectA(dib, sizeof section, &section) == sizeof section) {
         if (context.window == ownWindow()) {
-            const ViewSize size = viewSizeFor(section.dsBm.bmWidth, section.dsBm.bmHeight);
-            resizeOwnWindow(size.width, size.height);
-            renderer->setSize(size.width, size.height);
+            const ViewSize view =
+                fitOwnWindow(context, *renderer, {section.dsBm.bmWidth, section.dsBm.bmHeight});
+            renderer->setSize(view.width, view.height);
         } else {
             renderer->setSizeFromWindow(context.primary);
         }

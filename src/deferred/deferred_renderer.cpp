@@ -59,7 +59,8 @@ int DeferredRenderer::createResources() {
     turnColorClampingOff();
     GLint most = 1;
     glGetIntegerv(GL_MAX_COLOR_TEXTURE_SAMPLES, &most);
-    samples_ = static_cast<int>(std::min(static_cast<float>(most), settings->photoSamples.value));
+    targetSamples =
+        static_cast<int>(std::min(static_cast<float>(most), settings->photoSamples.value));
     return 0;
 }
 
@@ -157,7 +158,7 @@ void DeferredRenderer::renderShadowMaps() {
 
 void DeferredRenderer::drawFrame(int set, int frameWidth, int frameHeight, bool fxaa) {
     FrameTargetSet& targets = frameSets_[static_cast<size_t>(set)];
-    targets.ensure(frameWidth, frameHeight, &targetBlocks[static_cast<size_t>(set)], samples_);
+    targets.ensure(frameWidth, frameHeight, &targetBlocks[static_cast<size_t>(set)], targetSamples);
     clearBackground();
     camera.apply();
     const FrameView frame{targets,         frameWidth,

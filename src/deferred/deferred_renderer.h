@@ -48,7 +48,6 @@ class DeferredRenderer : public ShadowRenderer {
     std::array<FrameTargetSet, 2> frameSets_; ///< of the view's first and second window
     GLTexture environment_;
     GLTexture seeds_;
-    int samples_ = 1; ///< of the G-buffer, as the settings ask
     int shadowMapsDrawn_ = 0;
 };
 

@@ -8,13 +8,17 @@
 
 namespace ogl {
 
-bool filtersAnisotropicallyInSoftware() {
+bool drawsInSoftware() {
     const auto* name = reinterpret_cast<const char*>(glGetString(GL_RENDERER));
     if (name == nullptr)
         return false;
     const std::string_view renderer = name;
     return renderer.find("llvmpipe") != std::string_view::npos ||
            renderer.find("softpipe") != std::string_view::npos;
+}
+
+bool filtersAnisotropicallyInSoftware() {
+    return drawsInSoftware();
 }
 
 } // namespace ogl

@@ -6,10 +6,12 @@
 
 namespace ogl {
 
-/// Mesa's software drivers (llvmpipe, softpipe). Seen with llvmpipe 22.3: the loop of its
-/// anisotropic filter never ends in some textures at a grazing angle, otherwise costs fifty times
-/// the trilinear one (a room of 2400 x 1600 pixels: 65 seconds instead of 1.3), and leaves round
-/// patches in enlarged textures.
+/// Mesa's software drivers (llvmpipe, softpipe). What they draw into lies in the process's memory.
+bool drawsInSoftware();
+
+/// The same. Seen with llvmpipe 22.3: the loop of its anisotropic filter never ends in some
+/// textures at a grazing angle, otherwise costs fifty times the trilinear one (a room of 2400 x
+/// 1600 pixels: 65 seconds instead of 1.3), and leaves round patches in enlarged textures.
 bool filtersAnisotropicallyInSoftware();
 
 } // namespace ogl

@@ -121,6 +121,7 @@ class Renderer {
     GLTexture backgroundTexture;
     GLTexture markTexture; ///< end-point marks
     int viewSamples;       ///< per pixel of the window
+    int targetSamples = 0; ///< per pixel of targets that frames are put together in; 0 = none
     float pointSizeMax = 1.0f;
     float maxAnisotropy = 1.0f; ///< of material textures
     float lineWidth = 0.5f;     ///< base width of edges, pixels
