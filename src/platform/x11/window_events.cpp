@@ -102,7 +102,9 @@ void watchChild(MessageQueue& queue, const XCreateWindowEvent& event) {
     if (const WindowPointer record = findWindow(event.parent))
         record->needsPaint = true;
     queue.drawingChildren[event.window] = event.parent;
+    const ErrorScope scope(event.display);
     XSelectInput(event.display, event.window, ExposureMask);
+    (void)scope.failed(); // the child may have gone since
 }
 
 void onExpose(MessageQueue& queue, Window window) {
