@@ -26,13 +26,13 @@ class OpenShadowRenderer : public ShadowRenderer {
   public:
     using ShadowRenderer::ShadowRenderer;
 
-    unsigned program() const { return objectProgram_->programId(); }
+    unsigned program() { return objectProgram()->programId(); }
     void bindMaps() const {
         bindTexture(5, TextureKind::Repeating, jitterTexture_.name(), GL_NEAREST, 1.0f);
         sunLight_->bindShadowMap(4);
         glActiveTexture(GL_TEXTURE0);
     }
-    bool isReady() const { return objectProgram_ != nullptr && sunLight_ != nullptr; }
+    bool isReady() { return objectProgram() != nullptr && sunLight_ != nullptr; }
 };
 
 std::unique_ptr<OpenShadowRenderer> makeRenderer(HiddenView& view, SCENE& scene) {

@@ -31,11 +31,6 @@ void DeferredPrograms::build(ProgramIndex objectVariant, ErrorLog& errorLog) {
             slots_[slotOf(index)] = buildProgram(sources_, index, errorLog);
 }
 
-void DeferredPrograms::release() {
-    for (std::unique_ptr<ShaderProgram>& program : slots_)
-        program.reset();
-}
-
 const ShaderProgram& DeferredPrograms::get(ProgramIndex index) const {
     return *slot(index);
 }

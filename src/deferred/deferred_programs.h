@@ -18,7 +18,6 @@ class DeferredPrograms {
     /// Makes what is missing, the object program in `objectVariant` (kObjShader or
     /// kObjShaderShadow). Does nothing when there is an object program of that variant.
     void build(ProgramIndex objectVariant, ErrorLog& errorLog);
-    void release();
 
     /// A program that build() made; both variants name the one object program.
     const ShaderProgram& get(ProgramIndex index) const;

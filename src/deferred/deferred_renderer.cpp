@@ -11,7 +11,8 @@
 #include "fixed/frame_overlays.h"
 #include "gpu/gl_debug.h"
 #include "gpu/gl_state.h"
-#include "render/render_context.h"
+#include "render/error_log.h"
+#include "render/settings.h"
 
 #include <algorithm>
 
@@ -55,7 +56,7 @@ int DeferredRenderer::createResources() {
         environment_ = createEnvironmentTexture(settings->texturesDir);
     if (!seeds_.exists())
         seeds_ = createSeedTexture();
-    programs_.build(kObjShader, *errorLog);
+    surfaces_.here().programs.build(kObjShader, *errorLog);
     turnColorClampingOff();
     GLint most = 1;
     glGetIntegerv(GL_MAX_COLOR_TEXTURE_SAMPLES, &most);
@@ -65,8 +66,7 @@ int DeferredRenderer::createResources() {
 }
 
 void DeferredRenderer::releaseResources() {
-    programs_.release();
-    frameSets_ = {};
+    surfaces_.clear();
     environment_.reset();
     seeds_.reset();
     ShadowRenderer::releaseResources();
@@ -80,8 +80,6 @@ int DeferredRenderer::drawToWindow(const GLSurface& surface) {
     if (objectCount == 0 || width < 1 || height < 1)
         return 1;
     updateLights();
-    if (context->secondary.glContext == nullptr)
-        frameSets_[1] = {};
     drawFrame(surface.isSecondary == 1 ? 1 : 0, width, height, settings->useFXAA == 1);
     drawFrameOverlays(*this, surface);
     drawFlags &= ~kDrawOnce;
@@ -157,7 +155,8 @@ void DeferredRenderer::renderShadowMaps() {
 }
 
 void DeferredRenderer::drawFrame(int set, int frameWidth, int frameHeight, bool fxaa) {
-    FrameTargetSet& targets = frameSets_[static_cast<size_t>(set)];
+    auto& [programs, targets] = surfaces_.here();
+    programs.build(kObjShader, *errorLog);
     targets.ensure(frameWidth, frameHeight, &targetBlocks[static_cast<size_t>(set)], targetSamples);
     clearBackground();
     camera.apply();
@@ -168,8 +167,8 @@ void DeferredRenderer::drawFrame(int set, int frameWidth, int frameHeight, bool 
     const FrameLights lights{lit.sun.get(),
                              lit.lamps,
                              {(drawFlags & kDrawShadows) != 0, jitterTexture_, shadowSamples_}};
-    FramePasses{*this,        lit.batches.meshes(),  programs_, frame,    lights, seeds_,
-                environment_, [this] { drawSky(); }, fxaa,      passDrawn}
+    FramePasses{*this,        lit.batches.meshes(),  programs, frame,    lights, seeds_,
+                environment_, [this] { drawSky(); }, fxaa,     passDrawn}
         .draw();
 }
 

@@ -5,8 +5,8 @@
 #include "deferred/deferred_programs.h"
 #include "fixed/shadow_renderer.h"
 #include "gpu/frame_target_set.h"
+#include "gpu/per_context.h"
 
-#include <array>
 #include <functional>
 
 namespace ogl {
@@ -31,7 +31,8 @@ class DeferredRenderer : public ShadowRenderer {
     /// the bitmap has another size than the view.
     int drawToBitmap(HBITMAP bitmap) override;
 
-    const DeferredPrograms& programs() const { return programs_; }
+    /// The current context's.
+    const DeferredPrograms& programs() { return surfaces_.here().programs; }
     /// Called after each pass of a frame; may be empty.
     std::function<void(const char* pass)> passDrawn;
     /// Shadow maps drawn since the renderer was made.
@@ -44,8 +45,12 @@ class DeferredRenderer : public ShadowRenderer {
     void updateLights();
     void drawFrame(int set, int frameWidth, int frameHeight, bool fxaa);
 
-    DeferredPrograms programs_;
-    std::array<FrameTargetSet, 2> frameSets_; ///< of the view's first and second window
+    /// What each window has for itself.
+    struct SurfaceParts {
+        DeferredPrograms programs;
+        FrameTargetSet targets;
+    };
+    PerContext<SurfaceParts> surfaces_;
     GLTexture environment_;
     GLTexture seeds_;
     int shadowMapsDrawn_ = 0;

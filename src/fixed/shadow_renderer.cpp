@@ -16,9 +16,9 @@
 #include "fixed/shadow_map_pass.h"
 #include "fixed/sun_lighting.h"
 #include "fixed/surface_pass.h"
-#include "gpu/context_scope.h"
 #include "gpu/gl_debug.h"
-#include "render/render_context.h"
+#include "render/error_log.h"
+#include "render/settings.h"
 
 namespace ogl {
 
@@ -64,16 +64,12 @@ void ShadowRenderer::createSharedResources() {
         jitterTexture_ = createJitterTexture();
     for (unsigned k = 0; k < kShadowSampleCount; ++k)
         shadowSamples_[k] = hammersley(k);
-    if (shadowTarget_ == nullptr) {
-        shadowTarget_ = std::make_unique<RenderTarget>(&targetBlocks[0]);
-        shadowTarget_->create(shadowTargetLayout());
-    }
     kept_.clear();
 }
 
 void ShadowRenderer::releaseResources() {
-    objectProgram_.reset();
-    shadowTarget_.reset();
+    objectPrograms_.clear();
+    shadowTargets_.clear();
     jitterTexture_.reset();
     kept_.clear();
 }
@@ -84,12 +80,17 @@ LitScene& ShadowRenderer::kept() {
 }
 
 bool ShadowRenderer::buildObjectProgram(ProgramIndex variant) {
-    if (objectProgram_ != nullptr && objectProgram_->variant() == variant)
+    ObjectProgram& object = objectPrograms_.here();
+    if (object.program != nullptr && object.program->variant() == variant)
         return false;
-    objectProgram_ = buildProgram(programSources_, variant, *errorLog);
-    if (!objectProgram_->isLinked())
-        objectProgram_.reset();
+    object.program = buildProgram(programSources_, variant, *errorLog);
+    object.isLinked = object.program->isLinked();
     return true;
+}
+
+const ShaderProgram* ShadowRenderer::objectProgram() {
+    const ObjectProgram& object = objectPrograms_.here();
+    return object.isLinked ? object.program.get() : nullptr;
 }
 
 void ShadowRenderer::updateSunLight() {
@@ -116,14 +117,13 @@ void ShadowRenderer::updateShadows() {
 }
 
 void ShadowRenderer::renderShadowMap(ShadowLight& light) {
-    // Framebuffers belong to one context, textures to all of the view.
-    const ContextScope scope(context->primary.dc, context->primary.glContext);
+    RenderTarget& target = shadowTargets_.here();
+    target.create(shadowTargetLayout()); // nothing when it is there
     const bool interior = kind == kDeferredRenderer && light.kind == LightKind::Sun &&
                           (scene->lightFlags & kLightInterior) != 0;
     FixedShading shading = fixedShading();
     const LitScene& lit = kept();
-    ShadowMapPass{*this, lit.batches.meshes(), shading, *shadowTarget_, interior, lit.portals}.draw(
-        light);
+    ShadowMapPass{*this, lit.batches.meshes(), shading, target, interior, lit.portals}.draw(light);
 }
 
 void ShadowRenderer::buildPortals() {
@@ -155,13 +155,11 @@ void ShadowRenderer::noticeChanges() {
 
 void ShadowRenderer::prepareProgram(bool shadows) {
     updateSunLight();
-    if (objectProgram_ == nullptr)
-        return;
     LitScene& lit = kept();
     const bool mapped = shadows && lit.sun != nullptr;
     if (buildObjectProgram(mapped ? kObjShaderShadow : kObjShader))
         lit.shadowsDirty = true;
-    if (mapped)
+    if (mapped && objectProgram() != nullptr)
         updateShadows();
 }
 
@@ -234,8 +232,9 @@ void ShadowRenderer::drawSky() {
 
 void ShadowRenderer::drawMeshes(Lighting lighting) {
     const LitScene& lit = kept();
-    if (lighting == Lighting::Program && objectProgram_ != nullptr)
-        ProgramSurfacePass{*this,         lit.batches.meshes(), *objectProgram_,
+    const ShaderProgram* program = objectProgram();
+    if (lighting == Lighting::Program && program != nullptr)
+        ProgramSurfacePass{*this,         lit.batches.meshes(), *program,
                            lit.sun.get(), jitterTexture_,       shadowSamples_}
             .draw();
     else

@@ -7,6 +7,7 @@
 #include "fixed/lit_scene.h"
 #include "fixed/program_surface_pass.h"
 #include "fixed/surface_shading.h"
+#include "gpu/per_context.h"
 #include "gpu/render_target.h"
 #include "gpu/shader_program.h"
 #include "render/program_sources.h"
@@ -44,27 +45,32 @@ class ShadowRenderer : public Renderer {
     void createSharedResources();
     /// What is kept of the scene that is drawn.
     LitScene& kept();
-    /// Makes the object program in the variant kObjShader or kObjShaderShadow unless it is there;
-    /// true when it was made. A program that does not link is none.
+    /// Makes the current context's object program in the variant kObjShader or kObjShaderShadow
+    /// unless it is there; true when it was made.
     bool buildObjectProgram(ProgramIndex variant);
+    /// The current context's object program; null when there is none, or it did not link.
+    const ShaderProgram* objectProgram();
     /// Aims the sun as the scene's first light says. Without such a light there is no sun.
     void updateSunLight();
     /// Draws the sun's shadow map if it is due.
     void updateShadows();
-    /// Draws the shadow map of any light.
+    /// Draws the shadow map of any light, in the current context.
     void renderShadowMap(ShadowLight& light);
     void buildPortals();
     /// The background image through the portals, when there is one.
     void drawSky();
     FixedShading fixedShading();
 
-    std::unique_ptr<RenderTarget> shadowTarget_;
-    std::unique_ptr<ShaderProgram> objectProgram_;
+    PerContext<RenderTarget> shadowTargets_;
     GLTexture jitterTexture_;
     ShadowSamples shadowSamples_{};
     ProgramSourceTable programSources_{};
 
   private:
+    struct ObjectProgram {
+        std::unique_ptr<ShaderProgram> program;
+        bool isLinked = false;
+    };
     enum class Lighting {
         Program, ///< the object program, or none when it is missing
         Fixed    ///< OpenGL's own
@@ -79,6 +85,7 @@ class ShadowRenderer : public Renderer {
     void drawPlan(HBITMAP bitmap);
 
     KeptScenes<LitScene> kept_;
+    PerContext<ObjectProgram> objectPrograms_;
 };
 
 } // namespace ogl

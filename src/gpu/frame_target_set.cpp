@@ -15,11 +15,8 @@ std::unique_ptr<RenderTarget> makeTarget(const void* owner, const TargetLayout& 
 } // namespace
 
 void FrameTargetSet::ensure(int newWidth, int newHeight, const void* owner, int samples) {
-    const auto isHere = [](const auto& target) {
-        return target != nullptr && target->existsHere();
-    };
-    if (isHere(gBuffer) && isHere(lightTarget) && isHere(edgeTarget) && width == newWidth &&
-        height == newHeight)
+    if (gBuffer != nullptr && lightTarget != nullptr && edgeTarget != nullptr &&
+        width == newWidth && height == newHeight)
         return;
     width = newWidth;
     height = newHeight;

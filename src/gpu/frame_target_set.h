@@ -26,8 +26,8 @@ struct FrameTargetSet {
     int noiseHeight = 0;
 
     /// Makes the targets for a surface of `newWidth` x `newHeight` pixels and drops the noise,
-    /// unless the current context has targets of that size already: then `samples`, of the
-    /// G-buffer, counts for nothing. `owner` is remembered by the targets.
+    /// unless there are targets of that size already: then `samples`, of the G-buffer, counts for
+    /// nothing. `owner` is remembered by the targets.
     void ensure(int newWidth, int newHeight, const void* owner, int samples);
 };
 

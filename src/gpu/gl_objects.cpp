@@ -18,9 +18,23 @@ struct ReleasedName {
     unsigned maker; ///< number of the context that it was made in
 };
 
-/// Whether the current context may use or delete an object.
-bool isUsableHere(GLKind kind, unsigned maker) {
-    return kind != GLKind::Framebuffer || maker == currentContextNumber();
+/// Whether the current context may delete an object. Framebuffers of other contexts may have the
+/// same number. Programs are shared, but Mesa (22.3) crashes in the next draw of a context that
+/// used a program which another one deleted; a context that is gone uses none.
+bool isDeletableHere(const ReleasedName& object) {
+    switch (object.kind) {
+    case GLKind::Framebuffer:
+        return object.maker == currentContextNumber();
+    case GLKind::Program:
+        return object.maker == currentContextNumber() || !isContextOpen(object.maker);
+    default:
+        return true;
+    }
+}
+
+/// Whether an object has gone without being deleted.
+bool wentWithItsContext(const ReleasedName& object) {
+    return object.kind == GLKind::Framebuffer && !isContextOpen(object.maker);
 }
 
 /// All names of the process. An era lasts from the first view to the end of the last one.
@@ -68,7 +82,7 @@ unsigned createName(GLKind kind) {
     return name;
 }
 
-void deleteName(ReleasedName object) {
+void deleteName(const ReleasedName& object) {
     switch (object.kind) {
     case GLKind::Buffer:
         glDeleteBuffers(1, &object.name);
@@ -98,10 +112,6 @@ template <GLKind kind> bool GLObject<kind>::exists() const {
     return name_ != kNoName && era_ == registry().era;
 }
 
-template <GLKind kind> bool GLObject<kind>::existsHere() const {
-    return exists() && isUsableHere(kind, maker_);
-}
-
 template <GLKind kind> void GLObject<kind>::create() {
     if (exists())
         return;
@@ -117,10 +127,11 @@ template <GLKind kind> void GLObject<kind>::reset() {
     if (name == kNoName || era_ != registry().era)
         return;
     --liveCount(kind);
-    if (wglGetCurrentContext() != nullptr && isUsableHere(kind, maker_))
-        deleteName({kind, name, maker_});
+    const ReleasedName object{kind, name, maker_};
+    if (wglGetCurrentContext() != nullptr && isDeletableHere(object))
+        deleteName(object);
     else
-        registry().released.push_back({kind, name, maker_});
+        registry().released.push_back(object);
 }
 
 template class GLObject<GLKind::Buffer>;
@@ -133,8 +144,10 @@ template class GLObject<GLKind::FragmentShader>;
 
 void deleteReleasedObjects() {
     std::erase_if(registry().released, [](const ReleasedName& object) {
-        if (!isUsableHere(object.kind, object.maker))
-            return !isContextOpen(object.maker); // it went with its context
+        if (wentWithItsContext(object))
+            return true;
+        if (!isDeletableHere(object))
+            return false;
         deleteName(object);
         return true;
     });

@@ -26,8 +26,8 @@ inline constexpr int kGLKindCount = 7;
 /// Owner of one GL object name. A host may hand batches back while no context is current, or after
 /// the view that they were made in is gone; so a name whose context is not current waits until
 /// deleteReleasedObjects(), and one whose view is gone is forgotten, since its number may belong to
-/// another object by then. A framebuffer belongs to the context that it was made in, where others
-/// may have its number too: its name waits until that context is current.
+/// another object by then. Framebuffers and programs belong to the context that they were made in,
+/// and wait until it is current again; they are to be used in no other.
 template <GLKind kind> class GLObject {
   public:
     GLObject() = default;
@@ -50,8 +50,6 @@ template <GLKind kind> class GLObject {
 
     /// Whether there is an object, in the contexts of the views that there are now.
     bool exists() const;
-    /// Whether there is an object that the current context can use.
-    bool existsHere() const;
     unsigned name() const { return name_; }
 
   private:

@@ -83,8 +83,6 @@ class RenderTarget {
     void release();
 
     bool exists() const { return framebuffer_.exists(); }
-    /// Whether the current context can draw into it: framebuffers are not shared.
-    bool existsHere() const { return framebuffer_.existsHere(); }
     bool isBound() const { return bound_; }
     const TargetLayout& layout() const { return layout_; }
     int width() const { return layout_.width; }

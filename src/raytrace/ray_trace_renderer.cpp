@@ -74,7 +74,7 @@ void RayTraceRenderer::releaseResources() {
     textures_.release();
     traceProgram_.reset();
     finalProgram_.reset();
-    traceTarget_.reset();
+    traceTargets_.clear();
     preview_.reset();
     packed_ = PackedScene{};
     packedScene_ = nullptr;
@@ -151,19 +151,19 @@ void RayTraceRenderer::repackIfChanged() {
 }
 
 void RayTraceRenderer::fitTarget() {
-    if (traceTarget_ != nullptr &&
-        (traceTarget_->width() != width || traceTarget_->height() != height))
-        traceTarget_.reset();
-    if (traceTarget_ != nullptr || width < 1 || height < 1)
+    std::unique_ptr<RenderTarget>& target = traceTargets_.here();
+    if (target != nullptr && (target->width() != width || target->height() != height))
+        target.reset();
+    if (target != nullptr || width < 1 || height < 1)
         return;
-    traceTarget_ = std::make_unique<RenderTarget>(targetBlocks.data());
-    traceTarget_->create({.kind = TargetKind::Rectangle,
-                          .width = width,
-                          .height = height,
-                          .colorCount = kTraceAttachments,
-                          .depth = DepthMode::None,
-                          .samples = 0,
-                          .format = ColorFormat::Rgba32f});
+    target = std::make_unique<RenderTarget>(targetBlocks.data());
+    target->create({.kind = TargetKind::Rectangle,
+                    .width = width,
+                    .height = height,
+                    .colorCount = kTraceAttachments,
+                    .depth = DepthMode::None,
+                    .samples = 0,
+                    .format = ColorFormat::Rgba32f});
 }
 
 void RayTraceRenderer::drawPreview() {

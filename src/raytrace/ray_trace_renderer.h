@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "gpu/per_context.h"
 #include "gpu/render_target.h"
 #include "gpu/shader_program.h"
 #include "gpu/vertex_array.h"
@@ -39,11 +40,13 @@ class RayTraceRenderer : public Renderer {
     bool isPacked() const { return isPacked_; }
     const PackedScene& packed() const { return packed_; }
     const SceneTextures& textures() const { return textures_; }
-    /// Null before createResources(). A program that did not build is there; GL refuses it.
+    /// Of the context that was current in createResources(), null before. A program that did not
+    /// build is there; GL refuses it.
     const ShaderProgram* traceProgram() const { return traceProgram_.get(); }
     const ShaderProgram* finalProgram() const { return finalProgram_.get(); }
-    /// Three attachments of four floats a pixel; null before the first frame and without a size.
-    RenderTarget* traceTarget() const { return traceTarget_.get(); }
+    /// Of the current context: three attachments of four floats a pixel; null before its first frame
+    /// and without a size.
+    RenderTarget* traceTarget() { return traceTargets_.here().get(); }
     /// Of the last frame.
     const RayCamera& rayCamera() const { return rayCamera_; }
 
@@ -65,7 +68,7 @@ class RayTraceRenderer : public Renderer {
     std::unique_ptr<VertexArray> preview_; ///< the vertices in a GL buffer
     std::unique_ptr<ShaderProgram> traceProgram_;
     std::unique_ptr<ShaderProgram> finalProgram_;
-    std::unique_ptr<RenderTarget> traceTarget_;
+    PerContext<std::unique_ptr<RenderTarget>> traceTargets_;
     RayCamera rayCamera_;
     const SCENE* packedScene_ = nullptr; ///< only compared
     bool isPacked_ = false;

@@ -29,7 +29,7 @@ void DeferredBench::SetUp() {
 }
 
 void DeferredBench::TearDown() {
-    programs_.release();
+    programs_ = {};
     reader_.reset();
     targets_ = {};
     ShaderBench::TearDown();

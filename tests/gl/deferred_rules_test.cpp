@@ -213,6 +213,36 @@ TEST_F(DeferredRulesTest, EachWindowHasItsTargets) {
     }
 }
 
+int multisampleImages = 0;
+PFNGLTEXIMAGE2DMULTISAMPLEPROC driversImage = nullptr;
+
+void GLAPIENTRY countImage(GLenum target, GLsizei samples, GLenum format, GLsizei width,
+                           GLsizei height, GLboolean fixed) {
+    ++multisampleImages;
+    driversImage(target, samples, format, width, height, fixed);
+}
+
+TEST_F(DeferredRulesTest, ViewsInTurnKeepTheirTargets) {
+    addWall();
+    setSun(30, -50);
+    selectPhoto();
+    RenderContext other(ownWindow(), 0u, folder_.hostFile("space.ini").c_str());
+    ASSERT_TRUE(other.initializeOpenGL());
+    ASSERT_TRUE(wglMakeCurrent(other.primary.dc, other.primary.glContext));
+    renderer_->resetGLState();
+    const Pixel wall = shown(kBrick, sunOn({0, 0, 1}));
+    multisampleImages = 0;
+    driversImage = glTexImage2DMultisample;
+    glTexImage2DMultisample = countImage;
+    for (int frame = 0; frame < 6; ++frame) {
+        const GLSurface& surface = (frame % 2 == 0 ? *context_ : other).primary;
+        ASSERT_TRUE(wglMakeCurrent(surface.dc, surface.glContext));
+        EXPECT_TRUE(isNear(pixelAt(drawFrame(), 0, 0), wall, 2)) << frame;
+    }
+    glTexImage2DMultisample = driversImage;
+    EXPECT_EQ(multisampleImages, 2 * 4); // three colours and depth for each view
+}
+
 TEST_F(DeferredRulesTest, DamagedRecordsDrawLess) {
     constexpr float kNoNumber = std::numeric_limits<float>::quiet_NaN();
     addWall();
