@@ -10,6 +10,7 @@
 #include "scene/record_views.h"
 
 #include <string>
+#include <utility>
 
 namespace ogl {
 
@@ -44,35 +45,41 @@ void paceFrame(Renderer& renderer, const SCENE& scene) {
     }
 }
 
-/// Makes the surface current and draws the frame into its back buffer.
-void drawSurface(Renderer& renderer, const GLSurface& surface, SCENE& scene) {
-    wglMakeCurrent(surface.dc, surface.glContext);
-    renderer.setSizeFromWindow(surface);
-    renderer.setupCamera(scene);
+/// Makes the surface current and ready to be drawn into.
+bool enter(Renderer& renderer, GLSurface& surface) {
+    if (!makeCurrent(surface))
+        return false;
+    if (!std::exchange(surface.stateReset, true))
+        renderer.resetGLState();
     glReadBuffer(GL_BACK);
     glDrawBuffer(GL_BACK);
+    return true;
+}
+
+/// Draws the frame into the surface's back buffer, if it has one.
+bool drawSurface(Renderer& renderer, GLSurface& surface, SCENE& scene) {
+    if (!enter(renderer, surface))
+        return false;
+    renderer.setSizeFromWindow(surface);
+    renderer.setupCamera(scene);
     renderer.drawToWindow(surface);
     glFlush();
+    return true;
 }
 
 /// Opens or closes the view's second surface as this frame's `secondWindow` asks.
-void updateSecondSurface(RenderContext& context, Renderer& renderer, HWND secondWindow) {
+void updateSecondSurface(RenderContext& context, HWND secondWindow) {
     GLSurface& second = context.secondary;
-    if (secondWindow == nullptr) {
-        if (second.glContext != nullptr)
-            tearDown(second);
-        return;
-    }
-    if (second.glContext != nullptr)
+    if (secondWindow == nullptr)
+        tearDown(second);
+    if (secondWindow == nullptr || second.glContext != nullptr)
         return;
     second.window = secondWindow;
     const int samples = static_cast<int>(context.settings.drawingSamples.value);
-    if (createContext(second, samples, 1, GetDC(secondWindow)) != kContextCreated) {
-        context.errorLog.write("Error", "Secondary GL Context init failed!", "");
-        tearDown(second);
+    if (createContext(second, samples, 1, GetDC(secondWindow)) == kContextCreated)
         return;
-    }
-    renderer.resetGLState();
+    context.errorLog.writeOnce("Error", "Secondary GL Context init failed!", "");
+    tearDown(second);
 }
 
 /// Gives the own window the size of the picture, or of a tile of it. The view's size.
@@ -95,24 +102,22 @@ void drawInWindow(RenderContext& context, SCENE& scene, uint32_t drawFlags,
     Renderer* renderer = selectRenderer(context, scene, drawFlags);
     if (renderer == nullptr)
         return;
-    updateSecondSurface(context, *renderer, targets.secondWindow);
-    if (targets.drawMain && context.primary.dc != nullptr) {
-        drawSurface(*renderer, context.primary, scene);
+    updateSecondSurface(context, targets.secondWindow);
+    if (targets.drawMain && drawSurface(*renderer, context.primary, scene)) {
         if (targets.capture != nullptr)
             renderer->copyToBitmap(targets.capture);
         paceFrame(*renderer, scene);
         SwapBuffers(context.primary.dc);
     }
-    if (targets.secondWindow != nullptr && context.secondary.glContext != nullptr) {
-        drawSurface(*renderer, context.secondary, scene);
+    if (targets.secondWindow != nullptr && drawSurface(*renderer, context.secondary, scene))
         SwapBuffers(context.secondary.dc);
-    }
 }
 
 void drawInDibSection(RenderContext& context, SCENE& scene, uint32_t drawFlags, HBITMAP dib) {
     Renderer* renderer = selectRenderer(context, scene, drawFlags);
     DIBSECTION section{};
-    if (renderer != nullptr && GetObjectA(dib, sizeof section, &section) == sizeof section) {
+    if (renderer != nullptr && enter(*renderer, context.primary) &&
+        GetObjectA(dib, sizeof section, &section) == sizeof section) {
         if (context.window == ownWindow()) {
             const ViewSize view =
                 fitOwnWindow(context, *renderer, {section.dsBm.bmWidth, section.dsBm.bmHeight});
@@ -121,8 +126,6 @@ void drawInDibSection(RenderContext& context, SCENE& scene, uint32_t drawFlags, 
             renderer->setSizeFromWindow(context.primary);
         }
         renderer->setupCamera(scene);
-        glReadBuffer(GL_BACK);
-        glDrawBuffer(GL_BACK);
         renderer->drawToBitmap(dib);
     }
     wglMakeCurrent(nullptr, nullptr);
@@ -131,7 +134,7 @@ void drawInDibSection(RenderContext& context, SCENE& scene, uint32_t drawFlags, 
 void drawInFile(RenderContext& context, SCENE& scene, uint32_t drawFlags, int width, int height,
                 const char* fileName) {
     Renderer* renderer = selectFileRenderer(context, scene, drawFlags);
-    if (renderer == nullptr)
+    if (renderer == nullptr || !enter(*renderer, context.primary))
         return;
     GLint limits[2] = {1, 1};
     glGetIntegerv(GL_MAX_VIEWPORT_DIMS, limits);
@@ -144,8 +147,6 @@ void drawInFile(RenderContext& context, SCENE& scene, uint32_t drawFlags, int wi
         resizeOwnWindow(width, height);
     renderer->setSize(width, height);
     renderer->setupCamera(scene);
-    glReadBuffer(GL_BACK);
-    glDrawBuffer(GL_BACK);
     renderer->drawToFile(fileName);
 }
 

@@ -99,9 +99,10 @@ void setFileFields(Renderer& renderer) {
     renderer.textureMode = kTexturesAll;
 }
 
-/// Puts a renderer for the mode in the place of the process's one, whose context is current. Null,
+/// Puts a renderer for the mode in the place of the process's one. The surface is current. Null,
 /// with no renderer left, when none can be made.
-Renderer* replaceRenderer(RenderContext& context, SCENE& scene, uint32_t drawFlags, int mode) {
+Renderer* replaceRenderer(RenderContext& context, GLSurface& surface, SCENE& scene,
+                          uint32_t drawFlags, int mode) {
     ProcessState& state = processState();
     if (state.currentRenderer != nullptr) {
         destroyCurrentRenderer();
@@ -114,19 +115,9 @@ Renderer* replaceRenderer(RenderContext& context, SCENE& scene, uint32_t drawFla
     made->drawFlags = drawFlags;
     made->resetGLState();
     made->createResources();
-    context.primary.stateReset = true;
+    surface.stateReset = true;
     state.currentRenderer = made.release();
     return state.currentRenderer;
-}
-
-/// Sets what every drawing call sets. Another view's renderer may meet this one's context.
-void prepare(Renderer& renderer, RenderContext& context, SCENE& scene, uint32_t drawFlags) {
-    if (!context.primary.stateReset) {
-        renderer.resetGLState();
-        context.primary.stateReset = true;
-    }
-    renderer.scene = &scene;
-    renderer.drawFlags = drawFlags;
 }
 
 } // namespace
@@ -137,7 +128,9 @@ void destroyCurrentRenderer() {
 }
 
 Renderer* selectRenderer(RenderContext& context, SCENE& scene, uint32_t drawFlags) {
-    wglMakeCurrent(context.primary.dc, context.primary.glContext);
+    GLSurface* const surface = context.makeCurrent();
+    if (surface == nullptr)
+        return nullptr;
     ProcessState& state = processState();
     const int mode = scene.renderMode;
     if (!selectsRenderer(mode)) {
@@ -147,10 +140,11 @@ Renderer* selectRenderer(RenderContext& context, SCENE& scene, uint32_t drawFlag
     }
     const bool keeps = state.currentRenderer != nullptr && drawsMode(*state.currentRenderer, mode);
     Renderer* selected =
-        keeps ? state.currentRenderer : replaceRenderer(context, scene, drawFlags, mode);
+        keeps ? state.currentRenderer : replaceRenderer(context, *surface, scene, drawFlags, mode);
     if (selected == nullptr)
         return nullptr;
-    prepare(*selected, context, scene, drawFlags);
+    selected->scene = &scene;
+    selected->drawFlags = drawFlags;
     switch (mode) {
     case kRenderModeShadow:
         setPhotoFields(*selected, scene, drawFlags);
@@ -170,14 +164,17 @@ Renderer* selectRenderer(RenderContext& context, SCENE& scene, uint32_t drawFlag
 }
 
 Renderer* selectFileRenderer(RenderContext& context, SCENE& scene, uint32_t drawFlags) {
-    wglMakeCurrent(context.primary.dc, context.primary.glContext);
+    GLSurface* const surface = context.makeCurrent();
+    if (surface == nullptr)
+        return nullptr;
     Renderer* current = processState().currentRenderer;
     const bool keeps = current != nullptr && current->kind == kShadowRenderer;
     Renderer* selected =
-        keeps ? current : replaceRenderer(context, scene, drawFlags, kRenderModeShadow);
+        keeps ? current : replaceRenderer(context, *surface, scene, drawFlags, kRenderModeShadow);
     if (selected == nullptr)
         return nullptr;
-    prepare(*selected, context, scene, drawFlags);
+    selected->scene = &scene;
+    selected->drawFlags = drawFlags;
     setFileFields(*selected);
     return selected;
 }

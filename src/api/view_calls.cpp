@@ -45,9 +45,9 @@ RenderContext* createView(HWND window, unsigned flags, const char* iniPath) {
 
 void releaseView(RenderContext* context) {
     if (processState().currentRenderer != nullptr) {
-        // The renderer's objects are in the share group of whichever view is still there.
+        // Without a context the renderer's objects wait for the next one.
         if (context != nullptr)
-            wglMakeCurrent(context->primary.dc, context->primary.glContext);
+            makeCurrent(context->primary);
         destroyCurrentRenderer();
     }
     delete context;

@@ -3,6 +3,7 @@
 #include "gpu/gl_objects.h"
 
 #include "gpu/gl_debug.h"
+#include "platform/bitmap_font.h"
 #include "platform/gl_surface.h"
 
 #include <cstdio>
@@ -18,17 +19,19 @@ struct ReleasedName {
     unsigned maker; ///< number of the context that it was made in
 };
 
-/// Whether the current context may delete an object. Framebuffers of other contexts may have the
-/// same number. Programs are shared, but Mesa (22.3) crashes in the next draw of a context that
-/// used a program which another one deleted; a context that is gone uses none.
+/// Whether the current context may delete an object. One of the host's own has other objects by
+/// these numbers, and so may our others have framebuffers. Programs are shared, but Mesa (22.3)
+/// crashes in the next draw of a context that used a program which another one deleted; a context
+/// that is gone uses none.
 bool isDeletableHere(const ReleasedName& object) {
+    const unsigned current = currentContextNumber();
     switch (object.kind) {
     case GLKind::Framebuffer:
-        return object.maker == currentContextNumber();
+        return object.maker == current;
     case GLKind::Program:
-        return object.maker == currentContextNumber() || !isContextOpen(object.maker);
+        return current != 0 && (object.maker == current || !isContextOpen(object.maker));
     default:
-        return true;
+        return current != 0;
     }
 }
 
@@ -78,6 +81,10 @@ unsigned createName(GLKind kind) {
     case GLKind::FragmentShader:
         name = glCreateShader(GL_FRAGMENT_SHADER);
         break;
+    case GLKind::FontLists:
+        if (const unsigned first = glGenLists(kFontListCount))
+            name = first;
+        break;
     }
     return name;
 }
@@ -102,6 +109,9 @@ void deleteName(const ReleasedName& object) {
     case GLKind::VertexShader:
     case GLKind::FragmentShader:
         glDeleteShader(object.name);
+        break;
+    case GLKind::FontLists:
+        glDeleteLists(object.name, kFontListCount);
         break;
     }
 }
@@ -128,7 +138,7 @@ template <GLKind kind> void GLObject<kind>::reset() {
         return;
     --liveCount(kind);
     const ReleasedName object{kind, name, maker_};
-    if (wglGetCurrentContext() != nullptr && isDeletableHere(object))
+    if (isDeletableHere(object))
         deleteName(object);
     else
         registry().released.push_back(object);
@@ -141,6 +151,7 @@ template class GLObject<GLKind::Framebuffer>;
 template class GLObject<GLKind::Program>;
 template class GLObject<GLKind::VertexShader>;
 template class GLObject<GLKind::FragmentShader>;
+template class GLObject<GLKind::FontLists>;
 
 void deleteReleasedObjects() {
     std::erase_if(registry().released, [](const ReleasedName& object) {
@@ -160,9 +171,9 @@ int liveObjects(GLKind kind) {
 void reportLiveObjects() {
     if (!debugRequested())
         return;
-    constexpr const char* kNames[kGLKindCount] = {"buffers",         "textures", "renderbuffers",
-                                                  "framebuffers",    "programs", "vertex shaders",
-                                                  "fragment shaders"};
+    constexpr const char* kNames[kGLKindCount] = {"buffers",          "textures",  "renderbuffers",
+                                                  "framebuffers",     "programs",  "vertex shaders",
+                                                  "fragment shaders", "font lists"};
     for (int kind = 0; kind < kGLKindCount; ++kind)
         if (registry().live[kind] != 0)
             std::fprintf(stderr, "ogl: left over: %d %s\n", registry().live[kind], kNames[kind]);
@@ -174,8 +185,7 @@ void viewOpened() {
 
 void viewClosed() {
     Registry& all = registry();
-    if (wglGetCurrentContext() != nullptr)
-        deleteReleasedObjects();
+    deleteReleasedObjects();
     if (--all.views > 0)
         return; // what lives may be in use by the views that are still open
     reportLiveObjects();

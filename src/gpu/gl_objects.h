@@ -19,15 +19,16 @@ enum class GLKind : int {
     Framebuffer,
     Program,
     VertexShader,
-    FragmentShader
+    FragmentShader,
+    FontLists, ///< kFontListCount display lists, named by the first
 };
-inline constexpr int kGLKindCount = 7;
+inline constexpr int kGLKindCount = 8;
 
 /// Owner of one GL object name. A host may hand batches back while no context is current, or after
-/// the view that they were made in is gone; so a name whose context is not current waits until
-/// deleteReleasedObjects(), and one whose view is gone is forgotten, since its number may belong to
-/// another object by then. Framebuffers and programs belong to the context that they were made in,
-/// and wait until it is current again; they are to be used in no other.
+/// the view that they were made in is gone; so a name that is released without one of our contexts
+/// waits until deleteReleasedObjects(), and one whose view is gone is forgotten, since its number
+/// may belong to another object by then. Framebuffers and programs belong to the context that they
+/// were made in, and wait until it is current again; they are to be used in no other.
 template <GLKind kind> class GLObject {
   public:
     GLObject() = default;
@@ -65,6 +66,7 @@ extern template class GLObject<GLKind::Framebuffer>;
 extern template class GLObject<GLKind::Program>;
 extern template class GLObject<GLKind::VertexShader>;
 extern template class GLObject<GLKind::FragmentShader>;
+extern template class GLObject<GLKind::FontLists>;
 using GLBuffer = GLObject<GLKind::Buffer>;
 using GLTexture = GLObject<GLKind::Texture>;
 using GLRenderbuffer = GLObject<GLKind::Renderbuffer>;
@@ -72,6 +74,7 @@ using GLFramebuffer = GLObject<GLKind::Framebuffer>;
 using GLProgram = GLObject<GLKind::Program>;
 using GLVertexShader = GLObject<GLKind::VertexShader>;
 using GLFragmentShader = GLObject<GLKind::FragmentShader>;
+using GLFontLists = GLObject<GLKind::FontLists>;
 
 /// Deletes the objects that were released while no context of theirs was current. Called as a frame
 /// starts.
@@ -83,8 +86,8 @@ int liveObjects(GLKind kind);
 /// Says on standard error which GL objects are left, when OGL_DEBUG=1 is set.
 void reportLiveObjects();
 
-/// Called as a view has made its context, and as it is about to delete it while it is still
-/// current. Closing deletes released objects and reports what is left; closing the last view
+/// Called as a view has made its context, and as it is about to delete it, which should be current
+/// still. Closing deletes released objects and reports what is left; closing the last view
 /// also forgets every name, since the objects go with their contexts.
 void viewOpened();
 void viewClosed();

@@ -33,8 +33,7 @@ void repairBlank(unsigned listBase) {
 
 } // namespace
 
-bool buildBitmapFont(HDC dc, unsigned& listBase) {
-    listBase = glGenLists(kFontListCount);
+bool buildBitmapFont(HDC dc, unsigned listBase) {
     constexpr int kHeightPixels = 16;
     const HFONT font = CreateFontA(kHeightPixels, 0, 0, 0, FW_BOLD, FALSE, FALSE, FALSE,
                                    ANSI_CHARSET, OUT_TT_PRECIS, CLIP_DEFAULT_PRECIS,

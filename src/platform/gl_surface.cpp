@@ -105,6 +105,19 @@ int createContext(GLSurface& surface, int requestedSamples, int isSecondary, HDC
     return kContextCreated;
 }
 
+bool makeCurrent(const GLSurface& surface) {
+    // A context that is current already would stay so on a window that is gone.
+    if (surface.glContext != nullptr && !isLost(surface) &&
+        wglMakeCurrent(surface.dc, surface.glContext))
+        return true;
+    wglMakeCurrent(nullptr, nullptr);
+    return false;
+}
+
+bool isLost(const GLSurface& surface) {
+    return surface.glContext != nullptr && !IsWindow(surface.window);
+}
+
 unsigned currentContextNumber() {
     const HGLRC current = wglGetCurrentContext();
     const auto found = std::ranges::find(shareGroup(), current, &OpenContext::handle);

@@ -15,7 +15,7 @@ struct GLSurface {
     HWND window = nullptr;
     int isSecondary = -1;    ///< 0 first window of a view, 1 second window, -1 torn down
     int samples = -1;        ///< GL_SAMPLES of the window's pixel format, -1 torn down
-    bool stateReset = false; ///< the context has the state that renderers start from
+    bool stateReset = false; ///< the context has had the state that renderers start from
 };
 
 /// Results of createContext. The gaps are the codes of faults that only a structured-exception
@@ -35,6 +35,13 @@ enum ContextResult : int {
 /// A window whose pixel format is set already keeps it. Sets every field but `window`.
 /// Returns a ContextResult.
 int createContext(GLSurface& surface, int requestedSamples, int isSecondary, HDC dc);
+
+/// Makes the surface's context current. False, with no context current, when the surface has none,
+/// its window is gone or the system refuses.
+bool makeCurrent(const GLSurface& surface);
+
+/// Whether the surface's window was destroyed under it.
+bool isLost(const GLSurface& surface);
 
 /// Number of the current context: another one for every context that createContext made, also when
 /// the system gives a handle out again; 0 when none of those is current.

@@ -17,9 +17,8 @@ HiddenView::HiddenView(int width, int height) {
     if (!ensureOwnWindow(GetModuleHandleA(nullptr)))
         return;
     auto context = std::make_unique<RenderContext>(ownWindow(), 0u, kNoSettings);
-    if (!context->initializeOpenGL())
+    if (!context->initializeOpenGL() || !makeCurrent(context->primary))
         return;
-    wglMakeCurrent(context->primary.dc, context->primary.glContext);
     resizeOwnWindow(width, height);
     context_ = std::move(context);
 }

@@ -92,22 +92,36 @@ RenderContext::RenderContext(HWND viewWindow, unsigned createFlags, const char* 
 
 RenderContext::~RenderContext() {
     input.release();
-    if (primary.glContext != nullptr)
+    if (opened_)
         releaseGLObjects();
     tearDown(secondary);
     tearDown(primary);
 }
 
+/// Hosts destroy a window before its view, too: what no context is there for waits for another
+/// view's.
 void RenderContext::releaseGLObjects() {
-    const bool current = wglMakeCurrent(primary.dc, primary.glContext) != FALSE;
-    if (!current)
-        wglMakeCurrent(nullptr, nullptr); // another view's context must not lose its objects
-    // List 0 and those after it may be another view's.
-    if (current && fontListBase != 0)
-        glDeleteLists(fontListBase, kFontListCount);
-    if (opened_)
-        viewClosed();
-    opened_ = false;
+    if (!ogl::makeCurrent(primary))
+        ogl::makeCurrent(secondary);
+    fontLists_.reset();
+    viewClosed();
+}
+
+GLSurface* RenderContext::makeCurrent() {
+    dropIfLost(primary, "Primary window is gone");
+    dropIfLost(secondary, "Secondary window is gone");
+    for (GLSurface* surface : {&primary, &secondary})
+        if (ogl::makeCurrent(*surface))
+            return surface;
+    errorLog.writeOnce("Error", "No window to draw into", "");
+    return nullptr;
+}
+
+void RenderContext::dropIfLost(GLSurface& surface, const char* message) {
+    if (!isLost(surface))
+        return;
+    tearDown(surface);
+    logError(message);
 }
 
 void RenderContext::logError(const std::string& message, const std::string& value) {
@@ -117,7 +131,9 @@ void RenderContext::logError(const std::string& message, const std::string& valu
 bool RenderContext::initializeOpenGL() {
     if (!makePrimaryContext() || !checkVersions() || !checkCapabilities())
         return false;
-    if (!buildBitmapFont(primary.dc, fontListBase))
+    fontLists_.create();
+    fontListBase = fontLists_.exists() ? fontLists_.name() : 0;
+    if (fontListBase == 0 || !buildBitmapFont(primary.dc, fontListBase))
         logError("Font build failed");
     // Only now: on Wine the font raises a message that buildBitmapFont has dealt with.
     installDebugOutput();

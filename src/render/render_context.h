@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "gpu/gl_objects.h"
 #include "platform/gl_surface.h"
 #include "platform/input_devices.h"
 #include "platform/win32.h"
@@ -42,6 +43,11 @@ class RenderContext {
     /// afterwards when it returns true. On false the view is of no use.
     bool initializeOpenGL();
 
+    /// Makes the first window's context current or, where that is gone, the second's, and returns
+    /// that surface; null with none current. A surface whose window is gone is torn down, and the
+    /// log says so.
+    GLSurface* makeCurrent();
+
     InputDevices input;
     unsigned fontListBase = 0; ///< first of kFontListCount display lists
     ErrorLog errorLog;
@@ -61,8 +67,10 @@ class RenderContext {
     bool checkVersions();
     bool checkCapabilities();
     void releaseGLObjects();
+    void dropIfLost(GLSurface& surface, const char* message);
     void logError(const std::string& message, const std::string& value = {});
 
+    GLFontLists fontLists_;
     bool opened_ = false; ///< counted among the views whose GL objects are watched
 };
 

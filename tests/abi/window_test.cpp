@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <memory>
 
 namespace ogl::test {
 namespace {
@@ -112,6 +113,88 @@ TEST_F(WindowTest, SecondWindowSharesTheScene) {
     // And once more from the start.
     draw(second.handle());
     EXPECT_EQ(readFile(folder.file("ogl.log")).find("Secondary GL Context"), std::string::npos);
+}
+
+/// The pixel in the middle of the window that was drawn last, whose context is still current.
+Pixel middleOfCurrentWindow(int width, int height) {
+    uint8_t p[4] = {};
+    glReadBuffer(GL_BACK);
+    glReadPixels(width / 2, height / 2, 1, 1, GL_RGBA, GL_UNSIGNED_BYTE, p);
+    return {p[0], p[1], p[2]};
+}
+
+TEST_F(WindowTest, SecondWindowsThatVanishLeaveTheRestDrawn) {
+    for (const int mode :
+         {kRenderModeDrawing, kRenderModeShadow, kRenderModePhoto, kRenderModeEdges}) {
+        SCOPED_TRACE(mode);
+        scene.setMode(mode);
+        Dib expected(300, 200);
+        draw(nullptr, expected.handle());
+        auto second = std::make_unique<HostWindow>(180, 160);
+        draw(second->handle());
+        const HWND gone = second->handle();
+        second.reset();
+        for (int frame = 0; frame < 3; ++frame) {
+            Dib dib(300, 200);
+            draw(gone, dib.handle());
+            EXPECT_EQ(dib.bytes(), expected.bytes()) << "the window that is gone, " << frame;
+        }
+        second = std::make_unique<HostWindow>(180, 160);
+        draw(second->handle());
+        const HostWindow third(120, 100);
+        second.reset();
+        draw(third.handle(), nullptr, 0);
+        EXPECT_EQ(middleOfCurrentWindow(120, 100), expected.at(150, 100)) << "a new one at once";
+        Dib dib(300, 200);
+        draw(third.handle(), dib.handle());
+        EXPECT_EQ(dib.bytes(), expected.bytes()) << "beside a new window";
+        draw();
+    }
+    const std::string log = readFile(folder.file("ogl.log"));
+    EXPECT_NE(log.find("Secondary window is gone"), std::string::npos) << log;
+}
+
+TEST_F(WindowTest, AViewWhoseWindowVanishedDrawsItsSecondOneOnly) {
+    const TempFolder logs;
+    const Pixel white{255, 255, 255};
+    for (const bool opened : {false, true}) {
+        SCOPED_TRACE(opened);
+        auto main = std::make_unique<HostWindow>(200, 150);
+        const HostWindow second(120, 100);
+        RenderContext* const other =
+            library().create(main->handle(), 0, logs.hostFile("space.ini").c_str());
+        const auto drawOther = [&](HBITMAP capture) {
+            library().drawInWindow(other, scene.record(), 1, 1, second.handle(), capture);
+        };
+        if (opened)
+            drawOther(nullptr);
+        main.reset();
+        for (int frame = 0; frame < 2; ++frame) {
+            const Dib none(200, 150);
+            drawOther(none.handle());
+            EXPECT_EQ(none.touchedBytes(), 0u);
+            if (opened) {
+                EXPECT_EQ(middleOfCurrentWindow(120, 100), white);
+            }
+            library().drawInDibSection(other, scene.record(), 1, none.handle());
+            EXPECT_EQ(none.touchedBytes(), 0u);
+            library().drawInFile(other, scene.record(), 1, 64, 48,
+                                 logs.hostFile("none.bmp").c_str());
+            EXPECT_EQ(readFile(logs.file("none.bmp")), "");
+            // Nobody else's frames suffer.
+            const Dib dib(300, 200);
+            draw(nullptr, dib.handle());
+            expectWall(dib, 300, 200, "another view");
+        }
+        const std::string log = readFile(logs.file("ogl.log"));
+        EXPECT_NE(log.find("Primary window is gone"), std::string::npos) << log;
+        EXPECT_EQ(log.find("No window to draw into") == std::string::npos, opened) << log;
+        scene.handBack();
+        library().release(other);
+        const Dib dib(300, 200);
+        draw(nullptr, dib.handle());
+        expectWall(dib, 300, 200, "after the view went");
+    }
 }
 
 TEST_F(WindowTest, CaptureIsIgnoredWithoutTheMainWindow) {

@@ -275,9 +275,20 @@ TEST(RenderContext, FontListsDrawBoldGlyphsAndAdvance) {
 TEST(RenderContext, AViewTakesItsFontListsAlong) {
     HostView first;
     ASSERT_TRUE(first.ready);
-    {
-        HostView second;
-        ASSERT_TRUE(second.ready);
+    for (const bool windowGoesFirst : {false, true}) {
+        unsigned lists = 0;
+        {
+            const TestWindow window(64, 48);
+            auto second = std::make_unique<TestWindow>(64, 48);
+            RenderContext view(second->handle(), 0u, first.folder.hostFile("space.ini").c_str());
+            ASSERT_TRUE(view.initializeOpenGL());
+            lists = view.fontListBase;
+            if (windowGoesFirst)
+                second.reset();
+        }
+        ASSERT_TRUE(makeCurrent(first.context.primary));
+        deleteReleasedObjects();
+        EXPECT_FALSE(glIsList(lists)) << windowGoesFirst;
     }
     ASSERT_TRUE(wglMakeCurrent(first.context.primary.dc, first.context.primary.glContext));
     EXPECT_TRUE(glIsList(first.context.fontListBase));
