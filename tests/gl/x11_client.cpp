@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "gl/x11_client.h"
 
+#include <GL/glx.h>
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 #include <X11/extensions/XTest.h>
@@ -52,6 +53,10 @@ void X11Client::resize(HWND window, int width, int height) {
     XResizeWindow(connection_->x, id(window), static_cast<unsigned>(width),
                   static_cast<unsigned>(height));
     flush(connection_->x);
+}
+
+void X11Client::makeNoContextCurrent() {
+    glXMakeContextCurrent(connection_->x, None, None, nullptr);
 }
 
 void X11Client::destroy(HWND window) {

@@ -22,6 +22,8 @@ class X11Client {
     HWND createWindow(int width, int height);
     void resize(HWND window, int width, int height);
     void destroy(HWND window);
+    /// As a host does that calls GLX itself.
+    void makeNoContextCurrent();
     size_t childCount(HWND window);
     /// 0xrrggbb of what the screen shows at client coordinates.
     uint32_t screenPixel(HWND window, int x, int y);

@@ -74,6 +74,17 @@ TEST(X11Drawable, WindowOfAnotherToolkitIsDrawnIntoAndHandedBack) {
     }
 }
 
+TEST(X11Drawable, ContextsThatGlxSwitchesBehindOurBackAreNoticed) {
+    TestWindow window(64, 64);
+    TestContext context(window.handle());
+    X11Client().makeNoContextCurrent();
+    EXPECT_EQ(wglGetCurrentContext(), nullptr);
+    EXPECT_EQ(wglGetCurrentDC(), nullptr);
+    ASSERT_TRUE(context.makeCurrent());
+    clearTo(1.0f, 0.0f, 1.0f);
+    EXPECT_EQ(wrongPixels(readBackBuffer(64, 64), 255, 0, 255), 0u);
+}
+
 TEST(X11Drawable, WindowThatVanishesWhileDrawnIntoDoesNotEndTheProcess) {
     X11Client client;
     const HWND window = client.createWindow(100, 100);

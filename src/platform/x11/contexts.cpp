@@ -79,6 +79,12 @@ void setCurrent(Context* context, DeviceContext* dc, HDC handle) {
         dc->currentOn = GetCurrentThreadId();
 }
 
+/// A host that calls GLX itself makes other contexts current behind this layer.
+void noticeOthers() {
+    if (currentContext && glXGetCurrentContext() != currentContext->glx)
+        setCurrent(nullptr, nullptr, nullptr);
+}
+
 bool bind(Display* x, GLXDrawable drawable, GLXContext glx) {
     const ErrorScope scope(x);
     return glXMakeContextCurrent(x, drawable, drawable, glx) && !scope.failed();
@@ -130,10 +136,12 @@ BOOL swapInterval(int interval) {
 } // namespace
 
 DeviceContext* currentDeviceContext() {
+    noticeOthers();
     return currentDC ? findDeviceContext(currentDC) : nullptr;
 }
 
 bool renewDrawable(DeviceContext& dc) {
+    noticeOthers();
     const PixelFormat* const format = pixelFormat(dc.format);
     const bool isMine = dc.currentOn == GetCurrentThreadId() && currentDC == dc.handle;
     if (!format || (dc.currentOn && !isMine))
@@ -151,6 +159,7 @@ bool renewDrawable(DeviceContext& dc) {
 }
 
 void unbind(const DeviceContext& dc) {
+    noticeOthers();
     if (currentDC == dc.handle)
         wglMakeCurrent(nullptr, nullptr);
 }
@@ -172,6 +181,7 @@ BOOL wglDeleteContext(HGLRC handle) {
     Context* const context = find(handle);
     if (!context)
         return FALSE;
+    noticeOthers();
     if (context == currentContext)
         wglMakeCurrent(nullptr, nullptr);
     glXDestroyContext(display(), context->glx);
@@ -185,6 +195,7 @@ BOOL wglMakeCurrent(HDC handle, HGLRC contextHandle) {
     Display* const x = display();
     if (!x)
         return FALSE;
+    noticeOthers();
     if (!contextHandle) {
         setCurrent(nullptr, nullptr, nullptr);
         return glXMakeContextCurrent(x, None, None, nullptr) ? TRUE : FALSE;
@@ -202,10 +213,12 @@ BOOL wglMakeCurrent(HDC handle, HGLRC contextHandle) {
 }
 
 HGLRC wglGetCurrentContext() {
+    noticeOthers();
     return reinterpret_cast<HGLRC>(currentContext);
 }
 
 HDC wglGetCurrentDC() {
+    noticeOthers();
     return currentDC;
 }
 
