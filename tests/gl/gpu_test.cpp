@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "gl/debug_listener.h"
 #include "gl/gl_fixture.h"
+#include "gl/window_fixture.h"
 #include "gpu/gl_debug.h"
 #include "gpu/texture.h"
 #include "gpu/vertex_array.h"
@@ -58,6 +59,23 @@ TEST_F(GpuTest, ReportsObjectsThatAreLeft) {
     test::CapturedOutput output(2);
     reportLiveObjects();
     EXPECT_NE(output.stop().find("left over: 1 buffers"), std::string::npos);
+}
+
+TEST_F(GpuTest, NothingIsDeletedInAContextOfTheHosts) {
+    GLBuffer buffer;
+    buffer.create();
+    const unsigned name = buffer.name();
+    glBindBuffer(GL_ARRAY_BUFFER, name);
+    glBindBuffer(GL_ARRAY_BUFFER, 0);
+    {
+        const test::TestWindow window(64, 48);
+        const test::TestContext hosts(window.handle());
+        buffer.reset(); // there the number may be another buffer's
+    }
+    makeCurrent();
+    EXPECT_TRUE(glIsBuffer(name));
+    deleteReleasedObjects();
+    EXPECT_FALSE(glIsBuffer(name));
 }
 
 TEST_F(GpuTest, ForgetsNamesOfViewsThatAreGone) {
