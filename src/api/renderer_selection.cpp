@@ -131,16 +131,11 @@ Renderer* selectRenderer(RenderContext& context, SCENE& scene, uint32_t drawFlag
     GLSurface* const surface = context.makeCurrent();
     if (surface == nullptr)
         return nullptr;
-    ProcessState& state = processState();
     const int mode = scene.renderMode;
-    if (!selectsRenderer(mode)) {
-        if (state.currentRenderer != nullptr)
-            prepare(*state.currentRenderer, context, scene, drawFlags);
-        return state.currentRenderer;
-    }
-    const bool keeps = state.currentRenderer != nullptr && drawsMode(*state.currentRenderer, mode);
-    Renderer* selected =
-        keeps ? state.currentRenderer : replaceRenderer(context, *surface, scene, drawFlags, mode);
+    Renderer* const current = processState().currentRenderer;
+    const bool keeps = !selectsRenderer(mode) || (current != nullptr && drawsMode(*current, mode));
+    Renderer* const selected =
+        keeps ? current : replaceRenderer(context, *surface, scene, drawFlags, mode);
     if (selected == nullptr)
         return nullptr;
     selected->scene = &scene;
@@ -156,8 +151,10 @@ Renderer* selectRenderer(RenderContext& context, SCENE& scene, uint32_t drawFlag
     case kRenderModeDrawing:
         setDrawingFields(*selected, scene);
         break;
-    default:
+    case kRenderModeEdges:
         setEdgeFields(*selected);
+        break;
+    default: // keeps the fields of the call before
         break;
     }
     return selected;

@@ -21,4 +21,8 @@ bool filtersAnisotropicallyInSoftware() {
     return drawsInSoftware();
 }
 
+bool readsOneSampleOfWindows() {
+    return drawsInSoftware();
+}
+
 } // namespace ogl

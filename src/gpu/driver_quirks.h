@@ -14,4 +14,8 @@ bool drawsInSoftware();
 /// 1600 pixels: 65 seconds instead of 1.3), and leaves round patches in enlarged textures.
 bool filtersAnisotropicallyInSoftware();
 
+/// The same drivers. Seen with llvmpipe 22.3: glReadPixels of a multisampled window gives one
+/// sample of each pixel instead of the mean of all.
+bool readsOneSampleOfWindows();
+
 } // namespace ogl

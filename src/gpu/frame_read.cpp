@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "gpu/frame_read.h"
 
+#include "gpu/driver_quirks.h"
 #include "gpu/gl_objects.h"
 
 namespace ogl {
@@ -36,6 +37,9 @@ class ResolvedFrame {
         glBindFramebuffer(GL_DRAW_FRAMEBUFFER, framebuffer_.name());
         glFramebufferRenderbuffer(GL_DRAW_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_RENDERBUFFER,
                                   color_.name());
+        complete_ = glCheckFramebufferStatus(GL_DRAW_FRAMEBUFFER) == GL_FRAMEBUFFER_COMPLETE;
+        if (!complete_)
+            return;
         glBlitFramebuffer(rect.x, rect.y, rect.x + rect.width, rect.y + rect.height, 0, 0,
                           rect.width, rect.height, GL_COLOR_BUFFER_BIT, GL_NEAREST);
         glBindFramebuffer(GL_READ_FRAMEBUFFER, framebuffer_.name());
@@ -48,22 +52,27 @@ class ResolvedFrame {
     ResolvedFrame(const ResolvedFrame&) = delete;
     ResolvedFrame& operator=(const ResolvedFrame&) = delete;
 
+    /// False where the driver has no room for the copy: the window is still bound for reading.
+    bool isComplete() const { return complete_; }
+
   private:
     GLRenderbuffer color_;
     GLFramebuffer framebuffer_;
     GLint drawBinding_ = 0;
+    bool complete_ = false;
 };
 
 } // namespace
 
 void readPixels(const PixelRect& rect, unsigned format, unsigned type, void* pixels) {
-    if (!isMultisampledWindow()) {
-        glReadPixels(rect.x, rect.y, rect.width, rect.height, format, type, pixels);
-        return;
+    if (readsOneSampleOfWindows() && isMultisampledWindow()) {
+        const ResolvedFrame resolved(rect); // a copy averages the samples
+        if (resolved.isComplete()) {
+            glReadPixels(0, 0, rect.width, rect.height, format, type, pixels);
+            return;
+        }
     }
-    // Mesa's llvmpipe (22.3) reads one sample of each pixel from a window; a copy averages them.
-    const ResolvedFrame resolved(rect);
-    glReadPixels(0, 0, rect.width, rect.height, format, type, pixels);
+    glReadPixels(rect.x, rect.y, rect.width, rect.height, format, type, pixels);
 }
 
 void readPixels(int width, int height, unsigned format, void* pixels) {

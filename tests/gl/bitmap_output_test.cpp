@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "fixed/edge_renderer.h"
 #include "fixed/fixed_renderer.h"
+#include "gl/debug_listener.h"
 #include "gl/gl_fixture.h"
 #include "render/bitmap_target.h"
 
@@ -72,6 +73,23 @@ TEST_F(BitmapOutputTest, ClipsCapturesToTheBitmap) {
             EXPECT_TRUE(isNear(bitmap.at(10, kViewSize), kUntouched, 0)) << row.name;
         }
     }
+}
+
+void GLAPIENTRY refuseStorage(GLenum, GLenum, GLsizei, GLsizei) {}
+
+TEST_F(BitmapOutputTest, IsReadFromTheWindowWithoutRoomForACopy) {
+    select<FixedRenderer>();
+    drawFrame();
+    const auto storage = glRenderbufferStorage;
+    glRenderbufferStorage = refuseStorage;
+    const Picture picture = Picture::read(kViewSize, kViewSize);
+    glRenderbufferStorage = storage;
+    acceptDebugMessages(); // about the copy
+    EXPECT_TRUE(isNear(pixelAt(picture, 0, 0), {255, 255, 255}, 0));
+    EXPECT_TRUE(isNear(pixelAt(picture, 8, 8), {0x40, 0x80, 0xc0}, 0));
+    GLint framebuffer = -1;
+    glGetIntegerv(GL_FRAMEBUFFER_BINDING, &framebuffer);
+    EXPECT_EQ(framebuffer, 0);
 }
 
 TEST_F(BitmapOutputTest, TakesNoOtherHandles) {
