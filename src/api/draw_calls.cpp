@@ -95,6 +95,18 @@ ViewSize fitOwnWindow(RenderContext& context, const Renderer& renderer, ViewSize
     return view;
 }
 
+/// The own window takes the bitmap's size, or a tile's; a host's window keeps its own.
+void setSizeForBitmap(RenderContext& context, Renderer& renderer, const BITMAP& bitmap) {
+    if (context.window == ownWindow()) {
+        const ViewSize view = fitOwnWindow(context, renderer, {bitmap.bmWidth, bitmap.bmHeight});
+        renderer.setSize(view.width, view.height);
+        return;
+    }
+    renderer.setSizeFromWindow(context.primary);
+    if (renderer.width < 1 || renderer.height < 1)
+        context.errorLog.writeOnce("Error", "No bitmap while the window has no size", "");
+}
+
 } // namespace
 
 void drawInWindow(RenderContext& context, SCENE& scene, uint32_t drawFlags,
@@ -118,13 +130,7 @@ void drawInDibSection(RenderContext& context, SCENE& scene, uint32_t drawFlags, 
     DIBSECTION section{};
     if (renderer != nullptr && enter(*renderer, context.primary) &&
         GetObjectA(dib, sizeof section, &section) == sizeof section) {
-        if (context.window == ownWindow()) {
-            const ViewSize view =
-                fitOwnWindow(context, *renderer, {section.dsBm.bmWidth, section.dsBm.bmHeight});
-            renderer->setSize(view.width, view.height);
-        } else {
-            renderer->setSizeFromWindow(context.primary);
-        }
+        setSizeForBitmap(context, *renderer, section.dsBm);
         renderer->setupCamera(scene);
         renderer->drawToBitmap(dib);
     }

@@ -23,7 +23,8 @@ void drawInWindow(RenderContext& context, SCENE& scene, uint32_t drawFlags,
 
 /// One frame into a DIB section. With a view on the library's own window that window takes the
 /// bitmap's size, or that of a tile when the driver cannot draw the bitmap at once; of photos the
-/// log then says so. Leaves no context current.
+/// log then says so. With a host's window that has no size, being minimised, nothing is drawn and
+/// the log says so. Leaves no context current.
 void drawInDibSection(RenderContext& context, SCENE& scene, uint32_t drawFlags, HBITMAP dib);
 
 /// One frame into a Windows bitmap file. With a view on the library's own window that window takes

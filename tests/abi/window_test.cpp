@@ -6,6 +6,7 @@
 #include "abi/wall_scene.h"
 #include "support/dib.h"
 #include "support/host_window.h"
+#include "support/system.h"
 #include "support/temp_folder.h"
 
 #include <gtest/gtest.h>
@@ -96,6 +97,24 @@ TEST_F(WindowTest, BitmapsOfAnySizeAreDrawnAndLeaveTheWindowAsItIs) {
             EXPECT_EQ(client.right, 300);
             EXPECT_EQ(client.bottom, 200);
         }
+}
+
+TEST_F(WindowTest, BitmapsOfAMinimisedWindowAreMissedInTheLog) {
+    if (platformLayerIsOurs())
+        GTEST_SKIP() << "windows of X11 always have a size";
+    constexpr int kMinimise = 6; // SW_MINIMIZE
+    constexpr const char* kEntry = "No bitmap while the window has no size";
+    Dib dib(100, 80);
+    library().drawInDibSection(context, scene.record(), 1, dib.handle());
+    EXPECT_EQ(readFile(folder.file("ogl.log")).find(kEntry), std::string::npos);
+    ShowWindow(window.handle(), kMinimise);
+    const Dib none(100, 80);
+    library().drawInDibSection(context, scene.record(), 1, none.handle());
+    EXPECT_EQ(none.touchedBytes(), 0u);
+    EXPECT_NE(readFile(folder.file("ogl.log")).find(kEntry), std::string::npos);
+    ShowWindow(window.handle(), SW_SHOWNORMAL);
+    library().drawInDibSection(context, scene.record(), 1, dib.handle());
+    expectWall(dib, 100, 80, "after the window came back");
 }
 
 TEST_F(WindowTest, SecondWindowSharesTheScene) {
