@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/dummy_context.h"
 
+#include "platform/fault_guard.h"
+
 namespace ogl {
 
 namespace {
@@ -11,7 +13,7 @@ constexpr const char* kClassName = "DummyClass";
 HDC DummyContext::dc_ = nullptr;
 HGLRC DummyContext::context_ = nullptr;
 
-DummyContext::DummyContext() {
+void DummyContext::open() {
     WNDCLASSA windowClass{};
     windowClass.style = CS_OWNDC;
     windowClass.lpfnWndProc = windowProcedure;
@@ -53,10 +55,11 @@ LRESULT CALLBACK DummyContext::windowProcedure(HWND window, UINT message, WPARAM
         dc_ = GetDC(window);
         return dc_ != nullptr ? 0 : -1;
     case WM_DESTROY:
-        if (context_ != nullptr) {
-            wglMakeCurrent(nullptr, nullptr);
-            wglDeleteContext(context_);
-        }
+        if (context_ != nullptr)
+            runGuarded([] {
+                wglMakeCurrent(nullptr, nullptr);
+                wglDeleteContext(context_);
+            });
         context_ = nullptr;
         if (dc_ != nullptr)
             ReleaseDC(window, dc_);

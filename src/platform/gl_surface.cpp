@@ -3,6 +3,7 @@
 #include "platform/gl_surface.h"
 
 #include "platform/dummy_context.h"
+#include "platform/fault_guard.h"
 #include "platform/own_window.h"
 #include "platform/pixel_format.h"
 
@@ -33,12 +34,18 @@ HGLRC makeContext(HDC dc) {
 }
 
 /// Loads the extension entry points and finds the best format while some context is current.
-bool searchFormat(HDC dc, int samples, int& format, char (&aaName)[32]) {
-    const DummyContext dummy;
-    if (glewInit() != GLEW_OK)
-        return false;
-    chooseMultisampleFormat(dc, samples, format, aaName);
-    return true;
+int searchFormat(HDC dc, int samples, int& format, char (&aaName)[32]) {
+    DummyContext dummy;
+    bool loaded = false;
+    const bool survived = runGuarded([&] {
+        dummy.open();
+        loaded = glewInit() == GLEW_OK;
+        if (loaded)
+            chooseMultisampleFormat(dc, samples, format, aaName);
+    });
+    if (!survived)
+        return kFormatSearchFaulted;
+    return loaded ? kContextCreated : kGlewInitFailed;
 }
 
 struct OpenContext {
@@ -61,10 +68,35 @@ void joinShareGroup(HGLRC context) {
 }
 
 /// A window takes one pixel format for its life: one that has a format keeps it.
-bool setPixelFormat(HDC dc, int format, const PIXELFORMATDESCRIPTOR& descriptor, bool& kept) {
-    const int existing = GetPixelFormat(dc);
+int setPixelFormat(HDC dc, int format, const PIXELFORMATDESCRIPTOR& descriptor, bool& kept) {
+    int existing = 0;
+    BOOL set = FALSE;
+    const bool survived = runGuarded([&] {
+        existing = GetPixelFormat(dc);
+        set = existing != 0 || SetPixelFormat(dc, format, &descriptor);
+    });
     kept = existing != 0 && existing != format;
-    return existing != 0 || SetPixelFormat(dc, format, &descriptor);
+    if (!survived)
+        return kSetPixelFormatFaulted;
+    return set ? kContextCreated : kSetPixelFormatFailed;
+}
+
+/// Gives the surface a context for its device context's format, and makes it current.
+int openContext(GLSurface& surface) {
+    if (!runGuarded([&] { surface.glContext = makeContext(surface.dc); }))
+        return kCreateContextFaulted;
+    if (surface.glContext == nullptr)
+        return kCreateContextFailed;
+    joinShareGroup(surface.glContext);
+    BOOL current = FALSE;
+    if (!runGuarded([&] { current = wglMakeCurrent(surface.dc, surface.glContext); }))
+        return kMakeCurrentFaulted;
+    return current ? kContextCreated : kMakeCurrentFailed;
+}
+
+bool systemVersion(OSVERSIONINFOA& version) {
+    version.dwOSVersionInfoSize = sizeof version;
+    return GetVersionExA(&version) != FALSE;
 }
 
 } // namespace
@@ -73,28 +105,25 @@ int createContext(GLSurface& surface, int requestedSamples, int isSecondary, HDC
     surface.dc = dc;
     surface.isSecondary = isSecondary;
     PIXELFORMATDESCRIPTOR descriptor = windowPixelFormat();
-    int format = ChoosePixelFormat(dc, &descriptor);
-    const bool searched =
-        searchFormat(dc, sampleCountFor(requestedSamples), format, surface.aaName);
+    int format = 0;
+    if (!runGuarded([&] { format = ChoosePixelFormat(dc, &descriptor); }))
+        return kChoosePixelFormatFaulted;
+    int result = searchFormat(dc, sampleCountFor(requestedSamples), format, surface.aaName);
     wglMakeCurrent(nullptr, nullptr);
-    if (!searched)
-        return kGlewInitFailed;
+    if (result != kContextCreated)
+        return result;
 
     OSVERSIONINFOA version{};
-    version.dwOSVersionInfoSize = sizeof version;
-    if (!GetVersionExA(&version))
+    if (!systemVersion(version))
         return kVersionUnknown;
     if (version.dwMajorVersion >= 6)
         descriptor.dwFlags |= PFD_SUPPORT_COMPOSITION;
     bool keptFormat = false;
-    if (!setPixelFormat(dc, format, descriptor, keptFormat))
-        return kSetPixelFormatFailed;
-    surface.glContext = makeContext(dc);
-    if (surface.glContext == nullptr)
-        return kCreateContextFailed;
-    joinShareGroup(surface.glContext);
-    if (!wglMakeCurrent(dc, surface.glContext))
-        return kMakeCurrentFailed;
+    result = setPixelFormat(dc, format, descriptor, keptFormat);
+    if (result == kContextCreated)
+        result = openContext(surface);
+    if (result != kContextCreated)
+        return result;
     surface.samples = 0;
     glGetIntegerv(GL_SAMPLES, &surface.samples);
     if (keptFormat) {
@@ -130,10 +159,13 @@ bool isContextOpen(unsigned number) {
 
 void tearDown(GLSurface& surface) {
     if (surface.glContext != nullptr) {
-        wglMakeCurrent(surface.dc, nullptr);
         std::erase_if(shareGroup(),
                       [&](const OpenContext& open) { return open.handle == surface.glContext; });
-        wglDeleteContext(surface.glContext);
+        // A driver that faulted as it made the context may do so again.
+        runGuarded([&] {
+            wglMakeCurrent(surface.dc, nullptr);
+            wglDeleteContext(surface.glContext);
+        });
     }
     if (surface.window != nullptr && surface.dc != nullptr && surface.dc != ownWindowDC())
         ReleaseDC(surface.window, surface.dc);

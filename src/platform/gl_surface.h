@@ -18,15 +18,20 @@ struct GLSurface {
     bool stateReset = false; ///< the context has had the state that renderers start from
 };
 
-/// Results of createContext. The gaps are the codes of faults that only a structured-exception
-/// guard could tell; this build has none.
+/// Results of createContext. Faults are structured exceptions of the driver, which only Windows
+/// has.
 enum ContextResult : int {
     kContextCreated = 1,
+    kChoosePixelFormatFaulted = -1,
     kGlewInitFailed = -2,
+    kFormatSearchFaulted = -3,
     kVersionUnknown = -4,
     kSetPixelFormatFailed = -5,
+    kSetPixelFormatFaulted = -6,
     kCreateContextFailed = -7,
+    kCreateContextFaulted = -8,
     kMakeCurrentFailed = -9,
+    kMakeCurrentFaulted = -10,
 };
 
 /// Gives `dc` a double-buffered pixel format with as many samples per pixel as the driver offers,
