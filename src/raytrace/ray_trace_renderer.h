@@ -44,8 +44,8 @@ class RayTraceRenderer : public Renderer {
     /// build is there; GL refuses it.
     const ShaderProgram* traceProgram() const { return traceProgram_.get(); }
     const ShaderProgram* finalProgram() const { return finalProgram_.get(); }
-    /// Of the current context: three attachments of four floats a pixel; null before its first frame
-    /// and without a size.
+    /// Of the current context: three attachments of four floats a pixel; null before its first
+    /// frame and without a size.
     RenderTarget* traceTarget() { return traceTargets_.here().get(); }
     /// Of the last frame.
     const RayCamera& rayCamera() const { return rayCamera_; }
