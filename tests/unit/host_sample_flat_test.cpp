@@ -94,7 +94,7 @@ struct OpenSides {
             --sides[{b.x, b.y, b.z, a.x, a.y, a.z}];
         }
     }
-    long open() const {
+    auto open() const {
         return std::ranges::count_if(sides, [](const auto& side) { return side.second != 0; });
     }
 };
