@@ -27,12 +27,10 @@ Cost rebuildCost(HiddenView& view, int materials) {
     makeScene(*fixture, millionTriangles(materials));
     const auto renderer = makeDrawingRenderer(view, kWidth, kHeight, fixture->scene());
     SceneBatches batches;
-    const Cost cost = leastCost(kRounds, [&] {
-        batches.rebuildAll(*renderer, Box{});
+    return leastCost(kRounds, [&] {
+        batches.rebuildAll(*renderer, {});
         glFinish();
     });
-    batches.release();
-    return cost;
 }
 
 struct FrameTimes {

@@ -27,12 +27,12 @@ class OpenShadowRenderer : public ShadowRenderer {
     using ShadowRenderer::ShadowRenderer;
 
     unsigned program() { return objectProgram()->programId(); }
-    void bindMaps() const {
+    void bindMaps() {
         bindTexture(5, TextureKind::Repeating, jitterTexture_.name(), GL_NEAREST, 1.0f);
-        sunLight_->bindShadowMap(4);
+        kept().sun->bindShadowMap(4);
         glActiveTexture(GL_TEXTURE0);
     }
-    bool isReady() { return objectProgram() != nullptr && sunLight_ != nullptr; }
+    bool isReady() { return objectProgram() != nullptr && kept().sun != nullptr; }
 };
 
 std::unique_ptr<OpenShadowRenderer> makeRenderer(HiddenView& view, SCENE& scene) {
@@ -45,7 +45,6 @@ std::unique_ptr<OpenShadowRenderer> makeRenderer(HiddenView& view, SCENE& scene)
     renderer->drawFaces = 1;
     renderer->singleColorEdges = 1;
     renderer->setSize(kWidth, kHeight);
-    renderer->sizeChanged = 0; // as in every frame after the first
     renderer->setupCamera(scene);
     return renderer;
 }
