@@ -45,8 +45,9 @@ FrameLimits frameLimits() {
     GLint side = 1;
     glGetIntegerv(GL_MAX_VIEWPORT_DIMS, viewport);
     int smallest = std::min(viewport[0], viewport[1]);
-    for (const unsigned limit :
-         {GL_MAX_TEXTURE_SIZE, GL_MAX_RECTANGLE_TEXTURE_SIZE, GL_MAX_RENDERBUFFER_SIZE}) {
+    constexpr unsigned kSides[] = {GL_MAX_TEXTURE_SIZE, GL_MAX_RECTANGLE_TEXTURE_SIZE,
+                                   GL_MAX_RENDERBUFFER_SIZE};
+    for (const unsigned limit : kSides) {
         glGetIntegerv(limit, &side);
         smallest = std::min(smallest, side);
     }
