@@ -16,4 +16,4 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 get_filename_component(OGL_CHECKOUT ${CMAKE_CURRENT_LIST_DIR} DIRECTORY)
 set(OGL_GLEW_DIR ${OGL_CHECKOUT}/build/glew-${OGL_WINDOWS_NAME}
     CACHE PATH "folder with include/GL/glew.h and lib/libglew32.a")
-set(CMAKE_CROSSCOMPILING_EMULATOR "${OGL_CHECKOUT}/scripts/wine.sh;run;--timeout;600")
+set(CMAKE_CROSSCOMPILING_EMULATOR "${OGL_CHECKOUT}/scripts/wine.sh;run;--timeout;1200")
