@@ -16,6 +16,7 @@ import hashlib
 import json
 import os
 import re
+import shlex
 import subprocess
 import sys
 
@@ -24,6 +25,11 @@ BUILD = os.path.join(ROOT, "build", "tidy")
 CLEAN = os.path.join(BUILD, "clean")
 FOLDERS = ("src", "host", "apps")
 INCLUDE = re.compile(rb'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
+# Sources that are compiled as one are looked at as one: their headers, most of the work, are read
+# once. The analyzer takes what such a file includes for code when the name has this word in it.
+TOGETHER = "UnifiedSource"
+# Said of every source that is included, and headers that two sources include.
+NOT_TOGETHER = "-bugprone-suspicious-include,-readability-duplicate-include"
 
 
 def read(path):
@@ -31,14 +37,21 @@ def read(path):
         return file.read()
 
 
-def compile_commands():
-    """Source path -> compile command, of a build that compiles each source by itself."""
-    subprocess.run(["cmake", "--preset", "develop", "-B", BUILD, "-DOGL_BUILD_TESTS=OFF"], cwd=ROOT, check=True,
-                   stdout=subprocess.DEVNULL)
+def batches():
+    """Lists of (source path, compile command): what a native build compiles as one."""
+    subprocess.run(["cmake", "--preset", "linux", "-B", BUILD, "-DOGL_BUILD_TESTS=OFF"], cwd=ROOT,
+                   check=True, stdout=subprocess.DEVNULL)
     entries = json.loads(read(os.path.join(BUILD, "compile_commands.json")))
     prefixes = tuple(os.path.join(ROOT, folder) + os.sep for folder in FOLDERS)
-    return {entry["file"]: entry["command"] for entry in entries
-            if entry["file"].startswith(prefixes)}
+    for entry in entries:
+        command = re.sub(r" -o \S+ -c \S+$", "", entry["command"])
+        command = re.sub(r" -Winvalid-pch| -include \S*cmake_pch\S*", "", command)
+        sources = [entry["file"]]
+        if "/Unity/" in entry["file"]:
+            sources = [name.decode() for name in INCLUDE.findall(read(entry["file"]))]
+        ours = [(source, command) for source in sources if source.startswith(prefixes)]
+        if ours:
+            yield ours
 
 
 class Contents:
@@ -66,11 +79,24 @@ class Contents:
         return hashlib.sha256("\n".join(parts).encode()).hexdigest()
 
 
-def look_at(path, key):
-    result = subprocess.run(["clang-tidy", "-p", BUILD, "--quiet", path], cwd=ROOT,
-                            capture_output=True, text=True)
+def look_at(batch):
+    """What clang-tidy says of the sources of a batch; remembers them when that is nothing."""
+    _, command, key = batch[0]
+    checks = []
+    path = batch[0][0]
+    if len(batch) > 1:
+        path = os.path.join(BUILD, f"{TOGETHER}_{key}.cpp")
+        checks = ["--checks=" + NOT_TOGETHER]
+        with open(path, "w", encoding="utf-8") as file:
+            file.writelines(f'#include "{source}"\n' for source, _, _ in batch)
+    compiler_options = shlex.split(command)[1:]
+    result = subprocess.run(["clang-tidy", "--quiet", *checks, path, "--", *compiler_options],
+                            cwd=ROOT, capture_output=True, text=True)
+    if len(batch) > 1:
+        os.remove(path)
     if result.returncode == 0 and not result.stdout.strip():
-        open(os.path.join(CLEAN, key), "w").close()
+        for _, _, key in batch:
+            open(os.path.join(CLEAN, key), "w").close()
         return ""
     return result.stdout + (result.stderr if result.returncode else "")
 
@@ -86,19 +112,24 @@ def main():
         print("clang-tidy 14 decides, this is", re.search(r"version (\S+)", version).group(1))
         return 77
     everything = "--all" in arguments or os.environ.get("CI") == "true"
-    commands = compile_commands()
-    wanted = [os.path.abspath(name) for name in arguments if name != "--all"] or sorted(commands)
-    unknown = [path for path in wanted if path not in commands]
-    if unknown:
-        sys.exit("error: no native build compiles " + ", ".join(unknown))
+    named = {os.path.abspath(name) for name in arguments if name != "--all"}
     os.makedirs(CLEAN, exist_ok=True)
     checks = version + read(os.path.join(ROOT, ".clang-tidy")).decode()
-    keys = {path: Contents(commands[path]).key(path, commands[path], checks) for path in wanted}
-    pending = [path for path in wanted
-               if everything or not os.path.exists(os.path.join(CLEAN, keys[path]))]
-    print(f"{len(pending)} of {len(wanted)} sources to look at")
+    pending = []
+    known = set()
+    for batch in batches():
+        known.update(source for source, _ in batch)
+        keyed = [(source, command, Contents(command).key(source, command, checks))
+                 for source, command in batch if not named or source in named]
+        left = [entry for entry in keyed
+                if everything or not os.path.exists(os.path.join(CLEAN, entry[2]))]
+        if left:
+            pending.append(left)
+    if named - known:
+        sys.exit("error: no native build compiles " + ", ".join(sorted(named - known)))
+    print(sum(map(len, pending)), "of", len(named or known), "sources to look at")
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        said = [text for text in pool.map(lambda path: look_at(path, keys[path]), pending) if text]
+        said = [text for text in pool.map(look_at, pending) if text]
     print("".join(said), end="")
     return 1 if said else 0
 

@@ -130,7 +130,7 @@ Image normalMapOf(const Image& bump, float strength) {
     if ((bump.format != ImageFormat::Rgb8 && bump.format != ImageFormat::Rgba8) ||
         !isComplete(bump))
         return {};
-    const size_t components = bytesPerPixel(bump.format);
+    const size_t components = bump.format == ImageFormat::Rgb8 ? 3 : 4;
     const size_t pixels = levelBytes(bump, 0, bump.levels) / components;
     std::vector<uint8_t> grey(pixels);
     scaledGrey(bump.pixels.data(), pixels, components, scaledBytes(strength), grey.data());
