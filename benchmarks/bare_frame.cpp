@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "bare_frame.h"
 
-#include "fixed/batches.h"
+#include "fixed/batches/batches.h"
 #include "platform/win32.h"
 #include "scene/record_views.h"
 

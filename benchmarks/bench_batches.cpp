@@ -4,7 +4,7 @@
 
 #include "bench_scene.h"
 #include "figures.h"
-#include "fixed/mesh_batch_builder.h"
+#include "fixed/batches/mesh_batch_builder.h"
 #include "plain_sort.h"
 
 #include <memory>

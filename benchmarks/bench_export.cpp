@@ -4,8 +4,8 @@
 
 #include "bench_scene.h"
 #include "figures.h"
-#include "scene/export_faces.h"
-#include "scene/webgl_exporter.h"
+#include "scene/webgl/export_faces.h"
+#include "scene/webgl/webgl_exporter.h"
 
 #include <charconv>
 #include <filesystem>

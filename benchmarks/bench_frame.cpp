@@ -6,7 +6,7 @@
 #include "bench_scene.h"
 #include "drawing_renderer.h"
 #include "figures.h"
-#include "fixed/scene_batches.h"
+#include "fixed/surfaces/scene_batches.h"
 #include "render/hidden_view.h"
 
 #include <algorithm>

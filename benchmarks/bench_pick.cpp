@@ -4,7 +4,7 @@
 
 #include "bench_scene.h"
 #include "figures.h"
-#include "scene/picking.h"
+#include "scene/picking/picking.h"
 #include "scene/record_views.h"
 
 #include <emmintrin.h>

@@ -5,7 +5,7 @@
 #include "bench_scene.h"
 #include "figures.h"
 #include "raytrace/scene_packer.h"
-#include "scene/export_faces.h"
+#include "scene/webgl/export_faces.h"
 
 #include <memory>
 #include <string>

@@ -6,7 +6,7 @@
 #include "bench_scene.h"
 #include "drawing_renderer.h"
 #include "figures.h"
-#include "fixed/shadow_renderer.h"
+#include "fixed/forward/shadow_renderer.h"
 #include "gpu/texture.h"
 #include "render/hidden_view.h"
 

@@ -6,7 +6,7 @@
 #include "bench_scene.h"
 #include "drawing_renderer.h"
 #include "figures.h"
-#include "fixed/bitmap_frame.h"
+#include "render/bitmap_frame.h"
 
 #include <memory>
 #include <vector>

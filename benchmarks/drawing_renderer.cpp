@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "drawing_renderer.h"
 
-#include "fixed/edge_builder.h"
+#include "fixed/batches/edge_builder.h"
 
 namespace ogl::bench {
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "fixed/fixed_renderer.h"
+#include "fixed/drawing/fixed_renderer.h"
 #include "gpu/vertex_array.h"
 #include "render/hidden_view.h"
 

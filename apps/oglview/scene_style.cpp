@@ -3,7 +3,7 @@
 #include "oglview/scene_style.h"
 
 #include "oglview/user_error.h"
-#include "scene/sun_position.h"
+#include "scene/sun/sun_position.h"
 
 #include <algorithm>
 #include <cmath>

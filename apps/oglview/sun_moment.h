@@ -3,7 +3,7 @@
 #pragma once
 
 #include "oglview/options.h"
-#include "scene/sun_position.h"
+#include "scene/sun/sun_position.h"
 
 namespace oglview {
 

@@ -3,7 +3,7 @@
 #include "api/export_call.h"
 
 #include "render/process_state.h"
-#include "scene/webgl_exporter.h"
+#include "scene/webgl/webgl_exporter.h"
 
 #include <utility>
 

@@ -7,7 +7,7 @@
 #include "api/guard.h"
 #include "api/pick_call.h"
 #include "api/view_calls.h"
-#include "fixed/texture_file.h"
+#include "fixed/textures/texture_file.h"
 #include "platform/win32.h"
 #include "render/render_context.h"
 

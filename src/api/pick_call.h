@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "scene/picking.h"
+#include "scene/picking/picking.h"
 
 namespace ogl {
 

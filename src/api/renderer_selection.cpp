@@ -3,9 +3,9 @@
 #include "api/renderer_selection.h"
 
 #include "deferred/deferred_renderer.h"
-#include "fixed/edge_renderer.h"
-#include "fixed/fixed_renderer.h"
-#include "fixed/shadow_renderer.h"
+#include "fixed/drawing/edge_renderer.h"
+#include "fixed/drawing/fixed_renderer.h"
+#include "fixed/forward/shadow_renderer.h"
 #include "platform/win32.h"
 #include "raytrace/ray_trace_renderer.h"
 #include "render/process_state.h"

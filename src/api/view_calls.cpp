@@ -3,8 +3,8 @@
 #include "api/view_calls.h"
 
 #include "api/renderer_selection.h"
-#include "fixed/batches.h"
-#include "fixed/texture_image.h"
+#include "fixed/batches/batches.h"
+#include "fixed/textures/texture_image.h"
 #include "gpu/gl_objects.h"
 #include "platform/host_debug_log.h"
 #include "platform/own_window.h"

@@ -6,7 +6,7 @@
 #include "gpu/gl_debug.h"
 #include "gpu/screen_quad.h"
 #include "gpu/texture.h"
-#include "render/matrix4f.h"
+#include "math/matrix4f.h"
 
 #include <algorithm>
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "deferred/deferred_programs.h"
-#include "fixed/shadow_renderer.h"
+#include "fixed/forward/shadow_renderer.h"
 #include "gpu/frame_target_set.h"
 #include "gpu/per_context.h"
 

@@ -3,7 +3,7 @@
 #include "deferred/depth_pass.h"
 
 #include "deferred/opaque_surfaces.h"
-#include "fixed/program_material.h"
+#include "fixed/surfaces/program_material.h"
 #include "gpu/gl_debug.h"
 
 namespace ogl {

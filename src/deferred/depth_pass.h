@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "fixed/draw_lists.h"
+#include "fixed/surfaces/draw_lists.h"
 #include "gpu/shader_program.h"
 #include "render/renderer.h"
 

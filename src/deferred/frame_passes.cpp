@@ -16,9 +16,9 @@
 #include "deferred/spot_pass.h"
 #include "deferred/sun_pass.h"
 #include "deferred/translucent_pass.h"
-#include "fixed/record_color.h"
 #include "gpu/gl_debug.h"
 #include "gpu/gl_state.h"
+#include "scene/record_color.h"
 
 #include <algorithm>
 

@@ -5,7 +5,7 @@
 #include "deferred/deferred_programs.h"
 #include "deferred/light_list.h"
 #include "deferred/light_pass.h"
-#include "fixed/draw_lists.h"
+#include "fixed/surfaces/draw_lists.h"
 #include "render/renderer.h"
 
 #include <functional>

@@ -4,7 +4,7 @@
 
 #include "gpu/frame_target_set.h"
 #include "gpu/shader_program.h"
-#include "scene/vector3.h"
+#include "math/vector3.h"
 
 namespace ogl {
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "fixed/portals.h"
+#include "fixed/forward/portals.h"
 #include "ogl/host_records.h"
 #include "render/light.h"
 

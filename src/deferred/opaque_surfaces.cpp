@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "deferred/opaque_surfaces.h"
 
-#include "fixed/program_material.h"
-#include "fixed/surface_pass.h"
+#include "fixed/surfaces/program_material.h"
+#include "fixed/surfaces/surface_pass.h"
 #include "gpu/texture.h"
 
 namespace ogl {

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "deferred/scene_look.h"
 
-#include "fixed/record_color.h"
+#include "scene/record_color.h"
 
 namespace ogl {
 

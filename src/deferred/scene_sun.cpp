@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "deferred/scene_sun.h"
 
-#include "fixed/record_color.h"
 #include "render/error_log.h"
-#include "scene/sun_position.h"
+#include "scene/record_color.h"
+#include "scene/sun/sun_position.h"
 
 namespace ogl {
 

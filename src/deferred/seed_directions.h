@@ -3,7 +3,7 @@
 #pragma once
 
 #include "gpu/gl_objects.h"
-#include "scene/vector3.h"
+#include "math/vector3.h"
 
 #include <vector>
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "deferred/simplex_noise.h"
 
-#include "scene/vector3.h"
+#include "math/vector3.h"
 
 #include <array>
 #include <cmath>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "deferred/translucent_list.h"
 
-#include "fixed/surface_pass.h"
+#include "fixed/surfaces/surface_pass.h"
 
 #include <algorithm>
 #include <cmath>

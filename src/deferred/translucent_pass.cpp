@@ -3,7 +3,7 @@
 #include "deferred/translucent_pass.h"
 
 #include "deferred/translucent_list.h"
-#include "fixed/program_material.h"
+#include "fixed/surfaces/program_material.h"
 #include "gpu/gl_debug.h"
 #include "gpu/gl_state.h"
 #include "gpu/texture.h"

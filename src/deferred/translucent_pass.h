@@ -3,7 +3,7 @@
 #pragma once
 
 #include "deferred/composite_pass.h"
-#include "fixed/draw_lists.h"
+#include "fixed/surfaces/draw_lists.h"
 #include "render/renderer.h"
 
 namespace ogl {

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "gpu/frame_read.h"
-#include "gpu/frustum.h"
+#include "math/frustum.h"
 
 #include <optional>
 

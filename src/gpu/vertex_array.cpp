@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "gpu/vertex_array.h"
 
-#include "gpu/view_volume.h"
+#include "math/view_volume.h"
 
 #include <algorithm>
 

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "gpu/shared_buffer.h"
+#include "math/vector3.h"
 #include "platform/win32.h"
-#include "scene/vector3.h"
 
 #include <cstdint>
 #include <memory>

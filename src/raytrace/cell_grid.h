@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "scene/vector3.h"
+#include "math/vector3.h"
 
 #include <array>
 #include <cstddef>

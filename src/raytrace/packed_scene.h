@@ -3,7 +3,7 @@
 #pragma once
 
 #include "gpu/vertex_array.h"
-#include "scene/vector3.h"
+#include "math/vector3.h"
 
 #include <cstdint>
 #include <vector>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "raytrace/pair_triangles.h"
 
-#include "fixed/mesh_batch_builder.h"
-#include "scene/export_faces.h"
+#include "fixed/batches/mesh_batch_builder.h"
+#include "scene/webgl/export_faces.h"
 
 #include <array>
 #include <cmath>

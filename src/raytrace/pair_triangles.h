@@ -3,9 +3,9 @@
 #pragma once
 
 #include "gpu/vertex_array.h"
+#include "math/vector3.h"
 #include "raytrace/pair_list.h"
 #include "scene/record_views.h"
-#include "scene/vector3.h"
 
 #include <cstdint>
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "math/vector3.h"
 #include "raytrace/ray_trace_renderer.h"
-#include "scene/vector3.h"
 
 #include <array>
 #include <cstdint>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "math/vector3.h"
 #include "ogl/host_records.h"
-#include "scene/vector3.h"
 
 namespace ogl {
 

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "gpu/frustum.h"
+#include "math/frustum.h"
+#include "math/matrix4f.h"
+#include "math/vector3.h"
 #include "ogl/host_records.h"
 #include "platform/win32.h"
-#include "render/matrix4f.h"
-#include "scene/vector3.h"
 
 #include <optional>
 

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "gpu/gl_objects.h"
+#include "math/vector3.h"
 #include "render/camera.h"
-#include "scene/vector3.h"
 
 #include <array>
 #include <memory>

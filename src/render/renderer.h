@@ -3,11 +3,11 @@
 #pragma once
 
 #include "gpu/gl_objects.h"
+#include "math/vector3.h"
 #include "ogl/host_records.h"
 #include "platform/win32.h"
 #include "render/camera.h"
 #include "render/frame_timer.h"
-#include "scene/vector3.h"
 
 #include <array>
 #include <cstdint>

@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "scene/record_views.h"
 
-#include "scene/triangle_hit.h"
-
 #include <algorithm>
 
 namespace ogl {
@@ -52,6 +50,11 @@ const TEXTURESLOT* textureSlot(const SceneLists& lists, const MATERIAL& material
 
 bool holdsImage(const TEXTURESLOT& slot) {
     return static_cast<bool>(slot.color) || static_cast<bool>(slot.alternativeColor);
+}
+
+bool isSkipped(const MATERIAL& material) {
+    return material.useCount == 0 ||
+           ((material.flags & kMaterialOnlyTextured) != 0 && material.textureIndex == -1);
 }
 
 int visitedObjectCount(const SCENE& scene, const SceneLists& lists) {

@@ -116,6 +116,9 @@ struct SceneLists {
     }
 };
 
+inline constexpr int kVerticesPerTriangle = 3;
+inline constexpr int kTriangleBytes = 36;
+
 /// Triangles of one face, as the host stores them: all positions, then all vertex normals.
 struct FaceTriangles {
     const uint8_t* positions = nullptr; ///< 36 bytes per triangle, nine unaligned floats
@@ -129,6 +132,10 @@ FaceTriangles faceTriangles(const SceneLists& lists, int face, uint32_t faceFlag
 
 /// The texture slot that `material` names, or null when its number names none.
 const TEXTURESLOT* textureSlot(const SceneLists& lists, const MATERIAL& material);
+
+/// True when no surface of the material is drawn: it is unused, or lacks the texture without which
+/// it isn't to be drawn.
+bool isSkipped(const MATERIAL& material);
 
 /// True when the slot holds a colour image of either kind.
 bool holdsImage(const TEXTURESLOT& slot);

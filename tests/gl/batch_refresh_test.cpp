@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
-#include "fixed/edge_renderer.h"
-#include "fixed/fixed_renderer.h"
+#include "fixed/drawing/edge_renderer.h"
+#include "fixed/drawing/fixed_renderer.h"
 #include "gl/gl_fixture.h"
 #include "platform/memory32.h"
 #include "render/process_state.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
-#include "fixed/edge_renderer.h"
-#include "fixed/fixed_renderer.h"
+#include "fixed/drawing/edge_renderer.h"
+#include "fixed/drawing/fixed_renderer.h"
 #include "gl/debug_listener.h"
 #include "gl/gl_fixture.h"
 #include "render/bitmap_target.h"

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
-#include "fixed/edge_renderer.h"
+#include "fixed/drawing/edge_renderer.h"
 
-#include "fixed/batches.h"
+#include "fixed/batches/batches.h"
 #include "gl/gl_fixture.h"
 #include "render/process_state.h"
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
-#include "fixed/fixed_renderer.h"
+#include "fixed/drawing/fixed_renderer.h"
 
-#include "fixed/texture_image.h"
+#include "fixed/textures/texture_image.h"
 #include "gl/gl_fixture.h"
 #include "gl/ray_reference.h"
 #include "gpu/texture.h"

@@ -4,9 +4,9 @@
 // The passes that draw a scene's surfaces into the G-buffer and into the depth of the window.
 #include "deferred/depth_pass.h"
 #include "deferred/gbuffer_pass.h"
-#include "fixed/fixed_renderer.h"
-#include "fixed/scene_batches.h"
-#include "fixed/texture_image.h"
+#include "fixed/drawing/fixed_renderer.h"
+#include "fixed/surfaces/scene_batches.h"
+#include "fixed/textures/texture_image.h"
 #include "gl/deferred_bench.h"
 #include "gl/shading_formulas.h"
 #include "gpu/texture.h"

@@ -3,10 +3,10 @@
 #pragma once
 
 #include "gpu/gl_objects.h"
+#include "math/vector3.h"
 #include "platform/win32.h"
 #include "render/render_context.h"
 #include "render/renderer.h"
-#include "scene/vector3.h"
 #include "support/dib.h"
 #include "support/scene_fixture.h"
 #include "support/temp_folder.h"

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
-#include "fixed/heads_up_display.h"
+#include "fixed/overlays/heads_up_display.h"
 
-#include "fixed/edge_renderer.h"
+#include "fixed/drawing/edge_renderer.h"
 #include "gl/overlay_fixture.h"
 
 namespace ogl::test {

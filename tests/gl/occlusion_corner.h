@@ -3,7 +3,7 @@
 #pragma once
 
 #include "gl/shading_formulas.h"
-#include "render/matrix4f.h"
+#include "math/matrix4f.h"
 
 #include <vector>
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "fixed/fixed_renderer.h"
+#include "fixed/drawing/fixed_renderer.h"
 #include "gl/gl_fixture.h"
 #include "host/host_memory.h"
 

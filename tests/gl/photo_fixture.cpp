@@ -3,7 +3,7 @@
 #include "gl/photo_fixture.h"
 
 #include "gl/shading_formulas.h"
-#include "scene/sun_position.h"
+#include "scene/sun/sun_position.h"
 
 #include <cmath>
 

@@ -3,7 +3,7 @@
 //
 // What is picked is what the picture shows: a drawing in which every object has a colour of its
 // own, made with the renderers' camera, is compared with a pick per pixel.
-#include "scene/picking.h"
+#include "scene/picking/picking.h"
 
 #include "gl/gl_fixture.h"
 #include "render/camera.h"

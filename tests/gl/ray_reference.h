@@ -4,9 +4,9 @@
 // Light paths on the CPU, without boxes or cells: every ray asks every triangle.
 #pragma once
 
+#include "math/vector3.h"
 #include "raytrace/path_tracer.h"
 #include "raytrace/ray_camera.h"
-#include "scene/vector3.h"
 #include "support/scene_fixture.h"
 
 #include <array>

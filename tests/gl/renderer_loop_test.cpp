@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
-#include "fixed/edge_renderer.h"
-#include "fixed/fixed_renderer.h"
+#include "fixed/drawing/edge_renderer.h"
+#include "fixed/drawing/fixed_renderer.h"
 #include "gl/photo_fixture.h"
 #include "gpu/gl_objects.h"
 #include "support/system.h"

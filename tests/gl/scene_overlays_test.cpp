@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
-#include "fixed/edge_renderer.h"
+#include "fixed/drawing/edge_renderer.h"
 #include "gl/overlay_fixture.h"
 
 #include <cmath>

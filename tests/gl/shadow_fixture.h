@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "fixed/shadow_renderer.h"
+#include "fixed/forward/shadow_renderer.h"
 #include "gl/gl_fixture.h"
 
 namespace ogl::test {

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Where shadows fall, and when they are drawn.
-#include "fixed/texture_image.h"
+#include "fixed/textures/texture_image.h"
 #include "gl/shadow_fixture.h"
 #include "gpu/gl_objects.h"
 

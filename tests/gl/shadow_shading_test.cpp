@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 //
 // What lit surfaces look like, against the shading formula.
-#include "fixed/texture_image.h"
+#include "fixed/textures/texture_image.h"
 #include "gl/shadow_fixture.h"
 
 #include <cmath>

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
-#include "fixed/batches.h"
-#include "fixed/fixed_renderer.h"
-#include "fixed/texture_file.h"
-#include "fixed/texture_image.h"
-#include "fixed/texture_preparation.h"
+#include "fixed/batches/batches.h"
+#include "fixed/drawing/fixed_renderer.h"
+#include "fixed/textures/texture_file.h"
+#include "fixed/textures/texture_image.h"
+#include "fixed/textures/texture_preparation.h"
 #include "gl/gl_fixture.h"
 #include "image/normal_map.h"
 #include "render/process_state.h"

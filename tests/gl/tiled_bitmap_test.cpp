@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
-#include "fixed/bitmap_frame.h"
-#include "fixed/edge_renderer.h"
-#include "fixed/fixed_renderer.h"
-#include "fixed/shadow_renderer.h"
+#include "fixed/drawing/edge_renderer.h"
+#include "fixed/drawing/fixed_renderer.h"
+#include "fixed/forward/shadow_renderer.h"
 #include "gl/shadow_fixture.h"
 #include "platform/own_window.h"
+#include "render/bitmap_frame.h"
 
 #include <cstdlib>
 

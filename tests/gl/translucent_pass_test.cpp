@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
-#include "fixed/texture_image.h"
+#include "fixed/textures/texture_image.h"
 #include "gl/photo_fixture.h"
 #include "gl/shading_formulas.h"
 

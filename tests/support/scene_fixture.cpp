@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/scene_fixture.h"
 
-#include "fixed/batches.h"
+#include "fixed/batches/batches.h"
 #include "platform/memory32.h"
 
 #include <cmath>

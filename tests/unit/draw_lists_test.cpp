@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
-#include "fixed/draw_lists.h"
+#include "fixed/surfaces/draw_lists.h"
 
 #include "support/scene_fixture.h"
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
-#include "fixed/edge_builder.h"
+#include "fixed/batches/edge_builder.h"
 
 #include "support/scene_fixture.h"
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "host_scene_reader.h"
 
-#include "fixed/edge_builder.h"
-#include "fixed/mesh_batch_builder.h"
+#include "fixed/batches/edge_builder.h"
+#include "fixed/batches/mesh_batch_builder.h"
 #include "host/sample_flat.h"
 
 #include <gtest/gtest.h>

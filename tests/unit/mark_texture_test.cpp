@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
-#include "fixed/mark_texture.h"
+#include "fixed/textures/mark_texture.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
-#include "fixed/material_color.h"
+#include "fixed/surfaces/material_color.h"
 
-#include "fixed/surface_pass.h"
+#include "fixed/surfaces/surface_pass.h"
 #include "support/scene_fixture.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
-#include "render/matrix4f.h"
+#include "math/matrix4f.h"
 
 #include <cmath>
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
-#include "fixed/mesh_batch_builder.h"
+#include "fixed/batches/mesh_batch_builder.h"
 
 #include "support/scene_fixture.h"
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
-#include "fixed/mesh_layout.h"
+#include "fixed/batches/mesh_layout.h"
 
 #include <gtest/gtest.h>
 

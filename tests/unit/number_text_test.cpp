@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
-#include "scene/number_text.h"
+#include "scene/webgl/number_text.h"
 
 #include <gtest/gtest.h>
 

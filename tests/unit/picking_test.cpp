@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
-#include "scene/picking.h"
+#include "scene/picking/picking.h"
 
 #include "support/scene_fixture.h"
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
-#include "fixed/portals.h"
+#include "fixed/forward/portals.h"
 
 #include "support/scene_fixture.h"
 

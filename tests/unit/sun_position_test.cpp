@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
-#include "scene/sun_position.h"
+#include "scene/sun/sun_position.h"
 
-#include "scene/solar_position.h"
+#include "scene/sun/solar_position.h"
 #include "support/captured_output.h"
 #include "support/environment.h"
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
-#include "fixed/texture_file.h"
+#include "fixed/textures/texture_file.h"
 
-#include "fixed/texture_image.h"
+#include "fixed/textures/texture_image.h"
 #include "platform/memory32.h"
 #include "platform/win32.h"
 #include "support/image_bytes.h"

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
-#include "scene/triangle_hit.h"
+#include "scene/picking/triangle_hit.h"
 
 #include <gtest/gtest.h>
 

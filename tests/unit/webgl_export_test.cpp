@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
-#include "scene/webgl_exporter.h"
+#include "scene/webgl/webgl_exporter.h"
 
 #include "support/scene_fixture.h"
 #include "support/temp_folder.h"
