@@ -2,9 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "raytrace/ray_trace_renderer.h"
 
+#include "fixed/overlays/frame_overlays.h"
 #include "fixed/overlays/overlay_state.h"
-#include "fixed/overlays/scene_overlays.h"
-#include "fixed/overlays/view_overlays.h"
 #include "gpu/gl_debug.h"
 #include "platform/gl_surface.h"
 #include "raytrace/scene_packer.h"

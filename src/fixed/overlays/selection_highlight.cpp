@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
-#include "fixed/overlays/selection_highlight.h"
+#include "fixed/overlays/overlays.h"
 
 #include "fixed/batches/loop_points.h"
 #include "fixed/overlays/overlay_state.h"
@@ -16,6 +16,15 @@ constexpr float kRimWidth = 2.9f;
 constexpr float kHighlightWidth = 2.5f;
 constexpr Vec3 kMovedGround{0.55f, 0.55f, 0.55f};
 constexpr Vec3 kMoved{0.25f, 0.25f, 0.25f};
+
+/// Yellow with both highlight bits, red with kHighlightSelected, blue with kHighlightMarked alone.
+Vec3 highlightColor(uint32_t highlight) {
+    const bool selected = (highlight & kHighlightSelected) != 0;
+    const bool marked = (highlight & kHighlightMarked) != 0;
+    if (selected && marked)
+        return {1.0f, 1.0f, 0.25f};
+    return selected ? Vec3{1.0f, 0.35f, 0.35f} : Vec3{0.3f, 0.35f, 1.0f};
+}
 
 /// The first loop of every face of the object, closed.
 void appendOutline(const SceneLists& lists, int object, double scale, Vec3Array& ends) {
@@ -56,14 +65,6 @@ bool isMoved(const VIEW& view, uint32_t highlight) {
 }
 
 } // namespace
-
-Vec3 highlightColor(uint32_t highlight) {
-    const bool selected = (highlight & kHighlightSelected) != 0;
-    const bool marked = (highlight & kHighlightMarked) != 0;
-    if (selected && marked)
-        return {1.0f, 1.0f, 0.25f};
-    return selected ? Vec3{1.0f, 0.35f, 0.35f} : Vec3{0.3f, 0.35f, 1.0f};
-}
 
 void drawHighlights(const SCENE& scene, const VIEW& view) {
     const DebugGroup group("selection highlights");

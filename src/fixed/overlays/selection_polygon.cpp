@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
-#include "fixed/overlays/selection_polygon.h"
+#include "fixed/overlays/overlays.h"
 
 #include "fixed/overlays/overlay_state.h"
 #include "platform/win32.h"

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
-#include "fixed/overlays/tooltip.h"
+#include "fixed/overlays/overlays.h"
 
 #include "fixed/overlays/bitmap_text.h"
 #include "fixed/overlays/overlay_state.h"

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
-#include "fixed/overlays/view_box.h"
+#include "fixed/overlays/overlays.h"
 
 #include "fixed/batches/loop_points.h"
 #include "fixed/overlays/overlay_state.h"
