@@ -67,21 +67,6 @@ bool drawSurface(Renderer& renderer, GLSurface& surface, SCENE& scene) {
     return true;
 }
 
-/// Opens or closes the view's second surface as this frame's `secondWindow` asks.
-void updateSecondSurface(RenderContext& context, HWND secondWindow) {
-    GLSurface& second = context.secondary;
-    if (secondWindow == nullptr)
-        tearDown(second);
-    if (secondWindow == nullptr || second.glContext != nullptr)
-        return;
-    second.window = secondWindow;
-    const int samples = static_cast<int>(context.settings.drawingSamples.value);
-    if (createContext(second, samples, 1, GetDC(secondWindow)) == kContextCreated)
-        return;
-    context.errorLog.writeOnce("Error", "Secondary GL Context init failed!", "");
-    tearDown(second);
-}
-
 /// Gives the own window the size of the picture, or of a tile of it. The view's size.
 ViewSize fitOwnWindow(RenderContext& context, const Renderer& renderer, ViewSize picture) {
     const ViewSize view = viewSizeFor(
@@ -111,10 +96,11 @@ void setSizeForBitmap(RenderContext& context, Renderer& renderer, const BITMAP& 
 
 void drawInWindow(RenderContext& context, SCENE& scene, uint32_t drawFlags,
                   const WindowTargets& targets) {
+    context.setSecondWindow(
+        targets.secondWindow); // all there is when the view's own window is gone
     Renderer* renderer = selectRenderer(context, scene, drawFlags);
     if (renderer == nullptr)
         return;
-    updateSecondSurface(context, targets.secondWindow);
     if (targets.drawMain && drawSurface(*renderer, context.primary, scene)) {
         if (targets.capture != nullptr)
             renderer->copyToBitmap(targets.capture);

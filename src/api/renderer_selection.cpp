@@ -120,6 +120,19 @@ Renderer* replaceRenderer(RenderContext& context, GLSurface& surface, SCENE& sce
     return state.currentRenderer;
 }
 
+/// Makes the view ready to be drawn into. Null when it has no window. A renderer whose objects went
+/// with the last window goes, too.
+GLSurface* enterView(RenderContext& context) {
+    GLSurface* const surface = context.makeCurrent();
+    ProcessState& state = processState();
+    if (state.currentRenderer != nullptr &&
+        state.currentRenderer->generation != contextGeneration()) {
+        destroyCurrentRenderer();
+        state.sceneChanged = 1;
+    }
+    return surface;
+}
+
 } // namespace
 
 void destroyCurrentRenderer() {
@@ -128,7 +141,7 @@ void destroyCurrentRenderer() {
 }
 
 Renderer* selectRenderer(RenderContext& context, SCENE& scene, uint32_t drawFlags) {
-    GLSurface* const surface = context.makeCurrent();
+    GLSurface* const surface = enterView(context);
     if (surface == nullptr)
         return nullptr;
     const int mode = scene.renderMode;
@@ -161,7 +174,7 @@ Renderer* selectRenderer(RenderContext& context, SCENE& scene, uint32_t drawFlag
 }
 
 Renderer* selectFileRenderer(RenderContext& context, SCENE& scene, uint32_t drawFlags) {
-    GLSurface* const surface = context.makeCurrent();
+    GLSurface* const surface = enterView(context);
     if (surface == nullptr)
         return nullptr;
     Renderer* current = processState().currentRenderer;

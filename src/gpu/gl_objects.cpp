@@ -6,7 +6,9 @@
 #include "platform/bitmap_font.h"
 #include "platform/gl_surface.h"
 
+#include <algorithm>
 #include <cstdio>
+#include <iterator>
 #include <vector>
 
 namespace ogl {
@@ -40,18 +42,23 @@ bool wentWithItsContext(const ReleasedName& object) {
     return object.kind == GLKind::Framebuffer && !isContextOpen(object.maker);
 }
 
-/// All names of the process. An era lasts from the first view to the end of the last one.
+/// All names of the contexts that there are.
 struct Registry {
-    uint32_t era = 0;
-    int views = 0;
+    unsigned generation = 0;
     int live[kGLKindCount] = {};
     std::vector<ReleasedName> released;
 };
 
 Registry& registry() {
     static Registry instance;
+    if (std::exchange(instance.generation, contextGeneration()) != contextGeneration()) {
+        std::fill(std::begin(instance.live), std::end(instance.live), 0);
+        instance.released.clear();
+    }
     return instance;
 }
+
+int openViews = 0;
 
 int& liveCount(GLKind kind) {
     return registry().live[static_cast<int>(kind)];
@@ -119,14 +126,14 @@ void deleteName(const ReleasedName& object) {
 } // namespace
 
 template <GLKind kind> bool GLObject<kind>::exists() const {
-    return name_ != kNoName && era_ == registry().era;
+    return name_ != kNoName && generation_ == contextGeneration();
 }
 
 template <GLKind kind> void GLObject<kind>::create() {
     if (exists())
         return;
     name_ = createName(kind);
-    era_ = registry().era;
+    generation_ = contextGeneration();
     maker_ = currentContextNumber();
     if (exists())
         ++liveCount(kind);
@@ -134,7 +141,7 @@ template <GLKind kind> void GLObject<kind>::create() {
 
 template <GLKind kind> void GLObject<kind>::reset() {
     const unsigned name = std::exchange(name_, kNoName);
-    if (name == kNoName || era_ != registry().era)
+    if (name == kNoName || generation_ != contextGeneration())
         return;
     --liveCount(kind);
     const ReleasedName object{kind, name, maker_};
@@ -180,20 +187,13 @@ void reportLiveObjects() {
 }
 
 void viewOpened() {
-    ++registry().views;
+    ++openViews;
 }
 
 void viewClosed() {
-    Registry& all = registry();
     deleteReleasedObjects();
-    if (--all.views > 0)
-        return; // what lives may be in use by the views that are still open
-    reportLiveObjects();
-    all.views = 0;
-    ++all.era;
-    all.released.clear();
-    for (int& count : all.live)
-        count = 0;
+    if (--openViews == 0) // else what lives may be in use by the views that are still open
+        reportLiveObjects();
 }
 
 GLWork& glWork() {

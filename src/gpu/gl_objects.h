@@ -26,18 +26,19 @@ inline constexpr int kGLKindCount = 8;
 
 /// Owner of one GL object name. A host may hand batches back while no context is current, or after
 /// the view that they were made in is gone; so a name that is released without one of our contexts
-/// waits until deleteReleasedObjects(), and one whose view is gone is forgotten, since its number
-/// may belong to another object by then. Framebuffers and programs belong to the context that they
-/// were made in, and wait until it is current again; they are to be used in no other.
+/// waits until deleteReleasedObjects(), and one whose contexts are all gone is forgotten, since its
+/// number may belong to another object by then. Framebuffers and programs belong to the context
+/// that they were made in, and wait until it is current again; they are to be used in no other.
 template <GLKind kind> class GLObject {
   public:
     GLObject() = default;
     ~GLObject() { reset(); }
     GLObject(GLObject&& other) noexcept
-        : name_(std::exchange(other.name_, kNoName)), era_(other.era_), maker_(other.maker_) {}
+        : name_(std::exchange(other.name_, kNoName)), generation_(other.generation_),
+          maker_(other.maker_) {}
     GLObject& operator=(GLObject&& other) noexcept {
         std::swap(name_, other.name_);
-        std::swap(era_, other.era_);
+        std::swap(generation_, other.generation_);
         std::swap(maker_, other.maker_);
         return *this;
     }
@@ -49,14 +50,14 @@ template <GLKind kind> class GLObject {
     /// Deletes the object; nothing when there is none.
     void reset();
 
-    /// Whether there is an object, in the contexts of the views that there are now.
+    /// Whether there is an object, in the contexts that there are now.
     bool exists() const;
     unsigned name() const { return name_; }
 
   private:
     unsigned name_ = kNoName;
-    uint32_t era_ = 0;
-    unsigned maker_ = 0; ///< number of the context that it was made in
+    unsigned generation_ = 0; ///< of the contexts that share it
+    unsigned maker_ = 0;      ///< number of the context that it was made in
 };
 
 extern template class GLObject<GLKind::Buffer>;
@@ -87,8 +88,7 @@ int liveObjects(GLKind kind);
 void reportLiveObjects();
 
 /// Called as a view has made its context, and as it is about to delete it, which should be current
-/// still. Closing deletes released objects and reports what is left; closing the last view
-/// also forgets every name, since the objects go with their contexts.
+/// still. Closing deletes released objects; closing the last view reports what is left.
 void viewOpened();
 void viewClosed();
 

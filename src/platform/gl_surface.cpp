@@ -59,12 +59,20 @@ std::vector<OpenContext>& shareGroup() {
     return contexts;
 }
 
+unsigned generation = 0; ///< of the share group
+
 /// Before the context is current for the first time: some drivers share nothing afterwards.
 void joinShareGroup(HGLRC context) {
     static unsigned last = 0;
     if (!shareGroup().empty())
         wglShareLists(shareGroup().front().handle, context);
     shareGroup().push_back({context, ++last});
+}
+
+void leaveShareGroup(HGLRC context) {
+    const auto isThis = [=](const OpenContext& open) { return open.handle == context; };
+    if (std::erase_if(shareGroup(), isThis) != 0 && shareGroup().empty())
+        ++generation;
 }
 
 /// A window takes one pixel format for its life: one that has a format keeps it.
@@ -157,10 +165,13 @@ bool isContextOpen(unsigned number) {
     return std::ranges::find(shareGroup(), number, &OpenContext::number) != shareGroup().end();
 }
 
+unsigned contextGeneration() {
+    return generation;
+}
+
 void tearDown(GLSurface& surface) {
     if (surface.glContext != nullptr) {
-        std::erase_if(shareGroup(),
-                      [&](const OpenContext& open) { return open.handle == surface.glContext; });
+        leaveShareGroup(surface.glContext);
         // A driver that faulted as it made the context may do so again.
         runGuarded([&] {
             wglMakeCurrent(surface.dc, nullptr);

@@ -54,6 +54,10 @@ unsigned currentContextNumber();
 /// Whether that context is still there.
 bool isContextOpen(unsigned number);
 
+/// Number of the contexts that there are: another one once they have all gone, and with them every
+/// object that they shared.
+unsigned contextGeneration();
+
 /// Deletes the context, releases the device context and empties the surface. The own window's
 /// device context is not released: it belongs to that window. Harmless on an empty surface.
 void tearDown(GLSurface& surface);

@@ -107,14 +107,34 @@ void RenderContext::releaseGLObjects() {
     viewClosed();
 }
 
+void RenderContext::setSecondWindow(HWND secondWindow) {
+    dropLostSurfaces();
+    if (secondWindow == nullptr)
+        tearDown(secondary);
+    if (secondWindow == nullptr || secondary.glContext != nullptr)
+        return;
+    secondary.window = secondWindow;
+    const int samples = static_cast<int>(settings.drawingSamples.value);
+    if (createContext(secondary, samples, 1, GetDC(secondWindow)) != kContextCreated) {
+        errorLog.writeOnce("Error", "Secondary GL Context init failed!", "");
+        tearDown(secondary);
+    } else if (!fontLists_.exists()) { // they went with the first window
+        buildFont(secondary.dc);
+    }
+}
+
 GLSurface* RenderContext::makeCurrent() {
-    dropIfLost(primary, "Primary window is gone");
-    dropIfLost(secondary, "Secondary window is gone");
+    dropLostSurfaces();
     for (GLSurface* surface : {&primary, &secondary})
         if (ogl::makeCurrent(*surface))
             return surface;
     errorLog.writeOnce("Error", "No window to draw into", "");
     return nullptr;
+}
+
+void RenderContext::dropLostSurfaces() {
+    dropIfLost(primary, "Primary window is gone");
+    dropIfLost(secondary, "Secondary window is gone");
 }
 
 void RenderContext::dropIfLost(GLSurface& surface, const char* message) {
@@ -131,15 +151,19 @@ void RenderContext::logError(const std::string& message, const std::string& valu
 bool RenderContext::initializeOpenGL() {
     if (!makePrimaryContext() || !checkVersions() || !checkCapabilities())
         return false;
-    fontLists_.create();
-    fontListBase = fontLists_.exists() ? fontLists_.name() : 0;
-    if (fontListBase == 0 || !buildBitmapFont(primary.dc, fontListBase))
-        logError("Font build failed");
+    buildFont(primary.dc);
     // Only now: on Wine the font raises a message that buildBitmapFont has dealt with.
     installDebugOutput();
     wglMakeCurrent(nullptr, nullptr);
     glReady = 1;
     return true;
+}
+
+void RenderContext::buildFont(HDC dc) {
+    fontLists_.create();
+    fontListBase = fontLists_.exists() ? fontLists_.name() : 0;
+    if (fontListBase == 0 || !buildBitmapFont(dc, fontListBase))
+        logError("Font build failed");
 }
 
 bool RenderContext::makePrimaryContext() {

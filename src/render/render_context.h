@@ -43,6 +43,10 @@ class RenderContext {
     /// afterwards when it returns true. On false the view is of no use.
     bool initializeOpenGL();
 
+    /// Opens the second surface on this window, unless it is open; closes it for null. What goes
+    /// wrong is logged.
+    void setSecondWindow(HWND secondWindow);
+
     /// Makes the first window's context current or, where that is gone, the second's, and returns
     /// that surface; null with none current. A surface whose window is gone is torn down, and the
     /// log says so.
@@ -66,7 +70,9 @@ class RenderContext {
     bool makePrimaryContext();
     bool checkVersions();
     bool checkCapabilities();
+    void buildFont(HDC dc);
     void releaseGLObjects();
+    void dropLostSurfaces();
     void dropIfLost(GLSurface& surface, const char* message);
     void logError(const std::string& message, const std::string& value = {});
 

@@ -20,7 +20,7 @@ constexpr float kViewFarPlane = 1000.0f;
 Renderer::Renderer(RenderContext& creator)
     : context(&creator), fontLists(&creator.fontListBase), errorLog(&creator.errorLog),
       vendor(creator.vendor), settings(&creator.settings), frequency(performanceFrequency()),
-      viewSamples(creator.primary.samples) {}
+      generation(contextGeneration()), viewSamples(creator.primary.samples) {}
 
 Renderer::~Renderer() {
     if (quadric != nullptr)

@@ -114,6 +114,7 @@ class Renderer {
     const ViewVolume* tileVolume = nullptr; ///< what the tile being drawn shows; null = everything
     std::array<std::array<uint8_t, 64>, 2> targetBlocks{}; ///< handed to render targets by address
     int kind = kEdgeRenderer;
+    unsigned generation;  ///< of the contexts that its objects are in
     Box sceneBounds;      ///< of the vertices of the last batch build
     int objectCount = -1; ///< cache entries at the last batch build
     GLUquadric* quadric = nullptr;

@@ -13,6 +13,8 @@
 
 #include <cmath>
 #include <memory>
+#include <utility>
+#include <vector>
 
 namespace ogl::test {
 namespace {
@@ -182,19 +184,20 @@ TEST_F(WindowTest, AViewWhoseWindowVanishedDrawsItsSecondOneOnly) {
         const HostWindow second(120, 100);
         RenderContext* const other =
             library().create(main->handle(), 0, logs.hostFile("space.ini").c_str());
-        const auto drawOther = [&](HBITMAP capture) {
-            library().drawInWindow(other, scene.record(), 1, 1, second.handle(), capture);
+        const auto drawOther = [&](HWND secondWindow, HBITMAP capture) {
+            library().drawInWindow(other, scene.record(), 1, 1, secondWindow, capture);
+        };
+        const auto logHas = [&](const char* entry) {
+            return readFile(logs.file("ogl.log")).find(entry) != std::string::npos;
         };
         if (opened)
-            drawOther(nullptr);
+            drawOther(second.handle(), nullptr);
         main.reset();
         for (int frame = 0; frame < 2; ++frame) {
             const Dib none(200, 150);
-            drawOther(none.handle());
+            drawOther(second.handle(), none.handle());
             EXPECT_EQ(none.touchedBytes(), 0u);
-            if (opened) {
-                EXPECT_EQ(middleOfCurrentWindow(120, 100), white);
-            }
+            EXPECT_EQ(middleOfCurrentWindow(120, 100), white);
             library().drawInDibSection(other, scene.record(), 1, none.handle());
             EXPECT_EQ(none.touchedBytes(), 0u);
             library().drawInFile(other, scene.record(), 1, 64, 48,
@@ -205,15 +208,64 @@ TEST_F(WindowTest, AViewWhoseWindowVanishedDrawsItsSecondOneOnly) {
             draw(nullptr, dib.handle());
             expectWall(dib, 300, 200, "another view");
         }
-        const std::string log = readFile(logs.file("ogl.log"));
-        EXPECT_NE(log.find("Primary window is gone"), std::string::npos) << log;
-        EXPECT_EQ(log.find("No window to draw into") == std::string::npos, opened) << log;
+        EXPECT_TRUE(logHas("Primary window is gone"));
+        EXPECT_FALSE(logHas("No window to draw into"));
+        drawOther(nullptr, nullptr);
+        EXPECT_TRUE(logHas("No window to draw into"));
         scene.handBack();
         library().release(other);
         const Dib dib(300, 200);
         draw(nullptr, dib.handle());
         expectWall(dib, 300, 200, "after the view went");
     }
+}
+
+/// Everything in the window that was drawn last.
+std::vector<uint8_t> pixelsOfCurrentWindow(int width, int height) {
+    std::vector<uint8_t> pixels(static_cast<size_t>(width) * static_cast<size_t>(height) * 4);
+    glReadBuffer(GL_BACK);
+    glReadPixels(0, 0, width, height, GL_RGBA, GL_UNSIGNED_BYTE, pixels.data());
+    return pixels;
+}
+
+// With the last window go all programs, textures, buffers and letters; a new window has none.
+TEST_F(WindowTest, TheFirstWindowAfterTheLastOneShowsTheWholeFrame) {
+    library().release(std::exchange(context, nullptr)); // its window would keep them alive
+    scene.setMessage("text");
+    enum class Next { SecondWindow, ThirdWindow, WindowOfAnotherView };
+    for (const int mode : {kRenderModeDrawing, kRenderModePhoto})
+        for (const Next next : {Next::SecondWindow, Next::ThirdWindow, Next::WindowOfAnotherView}) {
+            SCOPED_TRACE(testing::Message() << "mode " << mode << ", " << static_cast<int>(next));
+            const auto create = [&](const HostWindow& of) {
+                return library().create(of.handle(), 0, folder.hostFile("space.ini").c_str());
+            };
+            const auto drawView = [&](RenderContext* view, HWND second) {
+                library().drawInWindow(view, scene.record(), 1, 1, second, nullptr);
+            };
+            scene.setMode(mode);
+            auto main = std::make_unique<HostWindow>(120, 100);
+            auto second = std::make_unique<HostWindow>(80, 60);
+            RenderContext* const view = create(*main);
+            drawView(view, nullptr);
+            const std::vector<uint8_t> expected = pixelsOfCurrentWindow(120, 100);
+            if (next == Next::ThirdWindow)
+                drawView(view, second->handle());
+            main.reset();
+            second.reset();
+            const HostWindow fresh(120, 100);
+            RenderContext* other = nullptr;
+            if (next == Next::WindowOfAnotherView) {
+                drawView(view, nullptr);
+                other = create(fresh);
+                drawView(other, nullptr);
+            } else {
+                drawView(view, fresh.handle());
+            }
+            EXPECT_TRUE(pixelsOfCurrentWindow(120, 100) == expected);
+            scene.handBack();
+            library().release(view);
+            library().release(other);
+        }
 }
 
 TEST_F(WindowTest, CaptureIsIgnoredWithoutTheMainWindow) {
