@@ -45,9 +45,9 @@ void paceFrame(Renderer& renderer, const SCENE& scene) {
     }
 }
 
-/// Makes the surface current and ready to be drawn into.
+/// Makes the surface current and ready to be drawn into. One that is not open changes nothing.
 bool enter(Renderer& renderer, GLSurface& surface) {
-    if (!makeCurrent(surface))
+    if (surface.glContext == nullptr || !makeCurrent(surface))
         return false;
     if (!std::exchange(surface.stateReset, true))
         renderer.resetGLState();

@@ -62,11 +62,12 @@ std::vector<OpenContext>& shareGroup() {
 unsigned generation = 0; ///< of the share group
 
 /// Before the context is current for the first time: some drivers share nothing afterwards.
-void joinShareGroup(HGLRC context) {
+bool joinShareGroup(HGLRC context) {
     static unsigned last = 0;
-    if (!shareGroup().empty())
-        wglShareLists(shareGroup().front().handle, context);
+    if (!shareGroup().empty() && !wglShareLists(shareGroup().front().handle, context))
+        return false;
     shareGroup().push_back({context, ++last});
+    return true;
 }
 
 void leaveShareGroup(HGLRC context) {
@@ -95,7 +96,8 @@ int openContext(GLSurface& surface) {
         return kCreateContextFaulted;
     if (surface.glContext == nullptr)
         return kCreateContextFailed;
-    joinShareGroup(surface.glContext);
+    if (!joinShareGroup(surface.glContext))
+        return kSharingFailed;
     BOOL current = FALSE;
     if (!runGuarded([&] { current = wglMakeCurrent(surface.dc, surface.glContext); }))
         return kMakeCurrentFaulted;

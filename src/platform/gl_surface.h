@@ -32,6 +32,7 @@ enum ContextResult : int {
     kCreateContextFaulted = -8,
     kMakeCurrentFailed = -9,
     kMakeCurrentFaulted = -10,
+    kSharingFailed = -12, ///< with the contexts that there are; -11 is of what follows
 };
 
 /// Gives `dc` a double-buffered pixel format with as many samples per pixel as the driver offers,

@@ -106,6 +106,10 @@ PROC WINAPI findGL(LPCSTR name) {
     countDown("wglGetProcAddress");
     return Replaced<decltype(findGL)>::real(name);
 }
+bool sharingRefused = false;
+BOOL WINAPI shareGL(HGLRC first, HGLRC second) {
+    return sharingRefused ? FALSE : Replaced<decltype(shareGL)>::real(first, second);
+}
 BOOL WINAPI deleteGL(HGLRC context) {
     countDown("wglDeleteContext");
     return Replaced<decltype(deleteGL)>::real(context);
@@ -118,6 +122,7 @@ struct FaultyDriver {
     Replaced<decltype(createGL)> create{"wglCreateContext", createGL};
     Replaced<decltype(makeGLCurrent)> makeCurrent{"wglMakeCurrent", makeGLCurrent};
     Replaced<decltype(findGL)> find{"wglGetProcAddress", findGL};
+    Replaced<decltype(shareGL)> share{"wglShareLists", shareGL};
     Replaced<decltype(deleteGL)> remove{"wglDeleteContext", deleteGL};
 };
 
@@ -187,6 +192,23 @@ TEST_F(FaultyDriverTest, ASecondWindowThatFaultsLeavesTheFirst) {
     due = {"wglDeleteContext", 1}; // also at the end
     library().release(view);
     EXPECT_LE(due.call, 0);
+}
+
+TEST_F(FaultyDriverTest, AWindowWhoseContextSharesNothingIsNotDrawn) {
+    due = {};
+    RenderContext* const view = create();
+    const HostWindow second(80, 60);
+    sharingRefused = true;
+    expectPicture(view, second.handle());
+    EXPECT_EQ(WindowFromDC(wglGetCurrentDC()), window_.handle());
+    EXPECT_NE(log().find("Secondary GL Context init failed!"), std::string::npos);
+    EXPECT_EQ(create(), nullptr);
+    EXPECT_NE(log().find("Primary GL Context init failed=-12\n"), std::string::npos) << log();
+    sharingRefused = false;
+    expectPicture(view, second.handle());
+    EXPECT_EQ(WindowFromDC(wglGetCurrentDC()), second.handle());
+    scene_.handBack();
+    library().release(view);
 }
 
 TEST_F(FaultyDriverTest, WhatADriverHandlesItselfCountsForNothing) {
