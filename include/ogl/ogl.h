@@ -50,7 +50,8 @@ int OGL_CALL d3_DrawInFile(ogl::RenderContext* ctx, ogl::SCENE* scene, unsigned 
 int OGL_CALL d3_GetPickedObjects(ogl::SCENE* scene, int viewWidth, int viewHeight, int x, int y,
                                  int** result, int* hitCount);
 
-/// Writes the scene as a JavaScript document. Returns 1 when written, else 0.
+/// Writes the scene as a JavaScript document. Returns 0 and leaves no file when it cannot be
+/// opened, else 1: errors while it is written, on a full disk for one, are not noticed.
 int OGL_CALL d3_ExportJS(ogl::SCENE* scene, const char* path, int viewWidth, int viewHeight);
 
 /// Always returns 0; textures are made from memory.

@@ -7,7 +7,7 @@
 namespace ogl {
 
 /// Writes the scene as a document for the viewer page. `width`, `height`: of the view, pixels.
-/// 1 when it was written, 0 when there is none.
+/// 0 when the file cannot be opened, else 1.
 int exportDocument(const SCENE& scene, const char* path, int width, int height);
 
 /// Lets go of what exporting keeps between documents.

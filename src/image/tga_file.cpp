@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <array>
-#include <memory>
 
 namespace ogl {
 
@@ -261,7 +260,7 @@ bool decodeTga(std::span<const uint8_t> file, Image& image) {
 }
 
 bool loadTga(const char* path, Image& image) {
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(openFile(path, "rb"), std::fclose);
+    const FileHandle file(openFile(path, "rb"));
     std::vector<uint8_t> bytes;
     return file != nullptr && readAll(file.get(), bytes) && decodeTga(bytes, image);
 }

@@ -6,9 +6,16 @@
 #pragma once
 
 #include <cstdio>
+#include <memory>
 #include <string>
 
 namespace ogl {
+
+struct FileCloser {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+/// An open file, or none.
+using FileHandle = std::unique_ptr<std::FILE, FileCloser>;
 
 /// As fopen, for a host's path.
 std::FILE* openFile(const char* path, const char* mode);

@@ -15,11 +15,6 @@ namespace ogl {
 
 namespace {
 
-struct FileCloser {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using FileHandle = std::unique_ptr<std::FILE, FileCloser>;
-
 /// The bytes of the file with CR LF read as LF, so that every system reads the same text.
 bool readText(const std::string& path, std::string& text) {
     const FileHandle file(openFile(path.c_str(), "rb"));

@@ -291,9 +291,10 @@ TEST_F(WebGLExport, LinksTexturesThatLieBesideTheDocument) {
     std::filesystem::create_directories(folder.file("Sessions/S1"));
     for (const char* name : {"tex0.png", "dec1.png", "tex2.png"})
         writeFile(folder.file("Sessions/S1/" + std::string(name)), "a picture");
-    const std::vector<std::string> flags = {"1", "1", "0", "0"};
-    const std::vector<std::string> links = {"\"Sessions/S1/tex0.png\"", "\"Sessions/S1/dec1.png\"",
-                                            "\"\"", "null"};
+    writeFile(folder.file("Sessions/dec2.png"), "a picture");
+    std::vector<std::string> flags = {"1", "1", "0", "0"};
+    std::vector<std::string> links = {"\"Sessions/S1/tex0.png\"", "\"Sessions/S1/dec1.png\"",
+                                      "\"\"", "null"};
     const auto expectLinks = [&](const std::string& path, const char* what) {
         ASSERT_TRUE(exporter.write(fixture.scene(), path, 8, 8)) << what;
         const std::string text = readFile(folder.file("Sessions/S1/scene.js"));
@@ -305,8 +306,14 @@ TEST_F(WebGLExport, LinksTexturesThatLieBesideTheDocument) {
     std::string slashes = folder.file("Sessions/S1/scene.js");
     std::ranges::replace(slashes, '\\', '/');
     expectLinks(slashes, "slashes");
-    const ScopedCurrentDirectory there(folder.file("Sessions/S1"));
-    expectLinks("scene.js", "a bare name");
+    {
+        const ScopedCurrentDirectory there(folder.file("Sessions/S1"));
+        expectLinks("scene.js", "a bare name");
+    }
+    // Where there is a backslash, the last one ends the folder.
+    flags = {"0", "0", "1", "0"};
+    links = {"\"\"", "\"\"", "\"Sessions/Sessions/dec2.png\"", "null"};
+    expectLinks(folder.hostFile("Sessions") + "\\S1/scene.js", "both");
 }
 
 TEST_F(WebGLExport, HoldsNoNumberThatAScriptCannotRead) {

@@ -5,26 +5,22 @@
 #include "platform/file.h"
 
 #include <filesystem>
-#include <memory>
 #include <system_error>
 
 namespace ogl {
 
 namespace {
 
-constexpr char kSeparators[] = "\\/";
-
-struct FileCloser {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-
 bool isReadable(const std::string& path) {
-    return std::unique_ptr<std::FILE, FileCloser>(openFile(path.c_str(), "rb")) != nullptr;
+    return FileHandle(openFile(path.c_str(), "rb")) != nullptr;
 }
 
-std::string currentFolder() {
+/// A bare name lies in the current folder.
+std::string withFolder(const std::string& path) {
+    if (path.find_first_of("\\/") != std::string::npos)
+        return path;
     std::error_code error;
-    return std::filesystem::current_path(error).string();
+    return (std::filesystem::current_path(error) / path).string();
 }
 
 /// The text between double quotes of a script. Names with such characters do not exist on Windows.
@@ -44,10 +40,11 @@ std::string quoted(const std::string& text) {
 } // namespace
 
 DocumentPath::DocumentPath(const std::string& path) {
-    const size_t end = path.find_last_of(kSeparators);
-    directory_ = end != std::string::npos ? path.substr(0, end) : currentFolder();
+    const std::string whole = withFolder(path);
+    const char separator = whole.find('\\') != std::string::npos ? '\\' : '/';
+    directory_ = whole.substr(0, whole.rfind(separator));
     // npos + 1 is 0: without a separator all of it is the last part.
-    sessionFolder_ = directory_.substr(directory_.find_last_of(kSeparators) + 1);
+    sessionFolder_ = directory_.substr(directory_.rfind(separator) + 1);
 }
 
 std::string DocumentPath::linkTo(const std::string& name) const {

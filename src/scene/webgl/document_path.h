@@ -9,8 +9,8 @@ namespace ogl {
 /// Where an exported document lies, and what follows from it.
 class DocumentPath {
   public:
-    /// `path`: as the host passed it. Both kinds of slashes part folders. A path without either
-    /// lies in the current folder.
+    /// `path`: as the host passed it. Backslashes part folders, in a path without any slashes do;
+    /// one without either lies in the current folder.
     explicit DocumentPath(const std::string& path);
 
     /// The URL of a file beside the document, from the page that lies beside the folder "Sessions":

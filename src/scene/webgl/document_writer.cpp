@@ -36,14 +36,8 @@ DocumentWriter& DocumentWriter::operator<<(std::string_view text) {
     return *this;
 }
 
-bool DocumentWriter::finish() {
-    empty();
-    return std::fflush(file_) == 0 && !failed_;
-}
-
 void DocumentWriter::empty() {
-    const auto size = static_cast<size_t>(used_ - buffer_.get());
-    failed_ = std::fwrite(buffer_.get(), 1, size, file_) != size || failed_;
+    std::fwrite(buffer_.get(), 1, static_cast<size_t>(used_ - buffer_.get()), file_);
     used_ = buffer_.get();
 }
 

@@ -11,11 +11,15 @@
 
 namespace ogl {
 
-/// Writes a text document through a buffer of its own. Errors are kept until finish().
+/// Writes a text document through a buffer of its own, which empties at the end. Errors are not
+/// noticed.
 class DocumentWriter {
   public:
     /// `file`: open for writing bytes; stays the caller's.
     explicit DocumentWriter(std::FILE* file);
+    ~DocumentWriter() { empty(); }
+    DocumentWriter(const DocumentWriter&) = delete;
+    DocumentWriter& operator=(const DocumentWriter&) = delete;
 
     /// Adds text; every line feed becomes carriage return and line feed.
     DocumentWriter& operator<<(std::string_view text);
@@ -37,9 +41,6 @@ class DocumentWriter {
         used_ = to;
     }
 
-    /// Writes what is left. True when the file took everything.
-    bool finish();
-
   private:
     /// The place for the next `bytes` bytes.
     char* room(size_t bytes) {
@@ -53,7 +54,6 @@ class DocumentWriter {
     std::unique_ptr<char[]> buffer_;
     char* used_;
     char* end_;
-    bool failed_ = false;
 };
 
 } // namespace ogl

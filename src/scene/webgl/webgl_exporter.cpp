@@ -11,8 +11,6 @@
 #include "scene/webgl/webgl_objects.h"
 #include "scene/webgl/webgl_text.h"
 
-#include <utility>
-
 namespace ogl {
 
 namespace {
@@ -21,34 +19,6 @@ constexpr int kObjectVertexResource = 135;
 constexpr int kObjectFragmentResource = 136;
 constexpr int kDepthVertexResource = 137;
 constexpr int kDepthFragmentResource = 138;
-
-/// A file that goes again unless it is kept.
-class DocumentFile {
-  public:
-    explicit DocumentFile(const std::string& path)
-        : path_(path), file_(openFile(path.c_str(), "wb")) {}
-    ~DocumentFile() {
-        if (file_ == nullptr)
-            return;
-        std::fclose(file_);
-        removeFile(path_.c_str());
-    }
-    DocumentFile(const DocumentFile&) = delete;
-    DocumentFile& operator=(const DocumentFile&) = delete;
-
-    std::FILE* get() const { return file_; }
-    /// Closes the file. False, and it is gone, when the system could not store it.
-    bool keep() {
-        const bool stored = std::fclose(std::exchange(file_, nullptr)) == 0;
-        if (!stored)
-            removeFile(path_.c_str());
-        return stored;
-    }
-
-  private:
-    std::string path_;
-    std::FILE* file_;
-};
 
 std::string withoutLineEnds(std::string text) {
     std::erase_if(text, [](char c) { return c == '\r' || c == '\n'; });
@@ -143,8 +113,8 @@ bool WebGLExporter::write(const SCENE& scene, const std::string& path, int width
     const SceneLists lists(scene);
     const ExportFaces faces(scene, lists);
     const ExportView view = exportView(scene, lists, faces.bounds(), width, height);
-    DocumentFile file(path);
-    if (file.get() == nullptr)
+    const FileHandle file(openFile(path.c_str(), "wb"));
+    if (file == nullptr)
         return false;
     DocumentWriter out(file.get());
     out << webgl::kInitObjects;
@@ -153,7 +123,7 @@ bool WebGLExporter::write(const SCENE& scene, const std::string& path, int width
     writeHome(out, view);
     out << webgl::kInitTextures;
     writeSetUp(out, shaders_, scene, view, {width, height});
-    return out.finish() && file.keep();
+    return true;
 }
 
 } // namespace ogl

@@ -25,11 +25,11 @@ class WebGLExporter {
     explicit WebGLExporter(const WebGLShaders& shaders = loadWebGLShaders());
 
     /// Writes the document at `path`, replacing a file that is there. `width`, `height`: of the
-    /// view, pixels. False, and no file, when it cannot be opened or not be written to its end.
+    /// view, pixels. False when it cannot be opened; errors while it is written are not noticed.
     ///
     /// Textures are linked by the names "Sessions/FOLDER/..." when they lie beside the document;
-    /// FOLDER is the name of the document's folder. Slashes part folders as backslashes do; a path
-    /// without either means the current folder.
+    /// FOLDER is the name of the document's folder. Slashes part folders in a path without
+    /// backslashes; a path without either means the current folder.
     bool write(const SCENE& scene, const std::string& path, int width, int height) const;
 
   private:
