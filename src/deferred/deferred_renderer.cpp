@@ -53,7 +53,7 @@ int DeferredRenderer::clearBackground() {
 int DeferredRenderer::createResources() {
     createSharedResources();
     if (!environment_.exists())
-        environment_ = createEnvironmentTexture(settings->texturesDir);
+        environment_ = createEnvironmentTexture(settings->texturesDir, *errorLog);
     if (!seeds_.exists())
         seeds_ = createSeedTexture();
     surfaces_.here().programs.build(kObjShader, *errorLog);

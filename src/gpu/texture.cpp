@@ -76,12 +76,20 @@ void setWrap(unsigned target, int wrap) {
 
 GLTexture createTexture2D(TextureKind kind, unsigned pixelFormat, int width, int height,
                           const void* pixels) {
+    if (!fitsTexture(width, height))
+        return {};
     glPixelStorei(GL_UNPACK_ALIGNMENT, pixelFormat == GL_BGR ? 4 : 1);
     if (kind == TextureKind::Repeating)
         return createRepeating(pixelFormat, width, height, pixels);
     if (kind == TextureKind::Cube)
         return createCube(pixelFormat, width, height, pixels);
     return {};
+}
+
+bool fitsTexture(int width, int height) {
+    GLint largest = 0;
+    glGetIntegerv(GL_MAX_TEXTURE_SIZE, &largest);
+    return width <= largest && height <= largest;
 }
 
 void bindTexture(int unit, TextureKind kind, unsigned texture, int filter, float anisotropy) {

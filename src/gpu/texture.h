@@ -19,9 +19,12 @@ enum class TextureKind : int {
 /// Makes a texture of `width` x `height` pixels of 8 bits per component (`pixelFormat`: GL_RGB,
 /// GL_BGR, GL_RGBA, GL_BGRA or GL_LUMINANCE; GL_BGR rows are padded to 4 bytes, others not).
 /// Repeating: 2D with mipmaps; leaves 2D texturing on and the texture bound. Cube: the image on
-/// all six faces, without mipmaps. Other kinds give no texture.
+/// all six faces, without mipmaps. Other kinds give no texture, nor do sizes that do not fit.
 GLTexture createTexture2D(TextureKind kind, unsigned pixelFormat, int width, int height,
                           const void* pixels);
+
+/// Whether the driver has 2D textures of this size.
+bool fitsTexture(int width, int height);
 
 /// Parameters of the texture that is bound to `target`.
 void setFilters(unsigned target, int minification, int magnification);

@@ -9,6 +9,9 @@
 
 namespace ogl {
 
+/// An entry of all that makes textures.
+inline constexpr const char* kImageTooLarge = "Image too large for the driver";
+
 /// The log: an INI file in which every message is a key, so that the same message twice keeps one
 /// entry. The whole file is written after each entry; its contents of an earlier run are lost with
 /// the first one.

@@ -167,6 +167,18 @@ std::string twoColors(Pixel upper, Pixel lower, int bits) {
     return file;
 }
 
+/// A grey TGA file of one row.
+std::string rowOfGrey(int width) {
+    std::string file(18 + static_cast<size_t>(width), '\x60');
+    std::fill_n(file.begin(), 18, '\0');
+    file[2] = 3;
+    file[12] = static_cast<char>(width);
+    file[13] = static_cast<char>(width >> 8);
+    file[14] = 1;
+    file[16] = 8;
+    return file;
+}
+
 TEST_F(ShadowOutputTest, TheSkyShowsThroughPortalsOnly) {
     constexpr Pixel kSky{90, 140, 220};
     constexpr Pixel kGround{60, 100, 40};
@@ -198,6 +210,13 @@ TEST_F(ShadowOutputTest, TheSkyShowsThroughPortalsOnly) {
         for (const GLenum capability : {GL_STENCIL_TEST, GL_TEXTURE_2D, GL_LIGHTING, GL_BLEND})
             EXPECT_FALSE(glIsEnabled(capability)) << std::hex << capability;
     }
+    GLint widest = 0;
+    glGetIntegerv(GL_MAX_TEXTURE_SIZE, &widest);
+    writeFile(folder_.file("background.tga"), rowOfGrey(widest + 1));
+    selectShadow(kDrawFullQuality);
+    EXPECT_TRUE(isNear(drawFrame().at(100, 140), kBackground, 1));
+    EXPECT_NE(readFile(folder_.file("ogl.log")).find("Image too large for the driver"),
+              std::string::npos);
 }
 
 TEST_F(ShadowOutputTest, WithoutPortalsNoSkyIsDrawn) {

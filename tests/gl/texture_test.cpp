@@ -367,6 +367,8 @@ TEST_F(TextureTest, LeavesImagesAloneThatAreTooLargeForTheDriver) {
     addRectangle(slot);
     prepareTextures(selectDrawing());
     EXPECT_FALSE(slot.color.get()->hasTexture());
+    EXPECT_NE(readFile(folder_.file("ogl.log")).find("Image too large for the driver"),
+              std::string::npos);
 }
 
 } // namespace

@@ -55,7 +55,7 @@ int ShadowRenderer::createResources() {
 
 void ShadowRenderer::createSharedResources() {
     if (!backgroundTexture.exists())
-        backgroundTexture = createBackgroundTexture(settings->texturesDir);
+        backgroundTexture = createBackgroundTexture(settings->texturesDir, *errorLog);
     if (quadric == nullptr)
         quadric = createSkyQuadric();
     if (!markTexture.exists())

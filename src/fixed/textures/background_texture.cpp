@@ -4,6 +4,7 @@
 
 #include "gpu/texture.h"
 #include "image/tga_file.h"
+#include "render/error_log.h"
 
 #include <algorithm>
 
@@ -22,7 +23,7 @@ void dropAlpha(Image& image) {
     image.format = ImageFormat::Rgb8;
 }
 
-GLTexture createFileTexture(const std::string& path) {
+GLTexture createFileTexture(const std::string& path, ErrorLog& log) {
     Image image;
     if (!loadTga(path.c_str(), image))
         return {};
@@ -31,17 +32,19 @@ GLTexture createFileTexture(const std::string& path) {
     GLTexture texture = createTexture2D(TextureKind::Repeating, format, image.width, image.height,
                                         image.pixels.data());
     resetTextureUnit(0);
+    if (!texture.exists())
+        log.writeOnce("Error", kImageTooLarge, path);
     return texture;
 }
 
 } // namespace
 
-GLTexture createBackgroundTexture(const std::string& texturesFolder) {
-    return createFileTexture(texturesFolder + "\\background.tga");
+GLTexture createBackgroundTexture(const std::string& texturesFolder, ErrorLog& log) {
+    return createFileTexture(texturesFolder + "\\background.tga", log);
 }
 
-GLTexture createEnvironmentTexture(const std::string& texturesFolder) {
-    return createFileTexture(texturesFolder + "\\environment.tga");
+GLTexture createEnvironmentTexture(const std::string& texturesFolder, ErrorLog& log) {
+    return createFileTexture(texturesFolder + "\\environment.tga", log);
 }
 
 } // namespace ogl

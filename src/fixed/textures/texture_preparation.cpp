@@ -6,11 +6,13 @@
 #include "gpu/gl_debug.h"
 #include "gpu/texture.h"
 #include "image/normal_map.h"
+#include "render/error_log.h"
 #include "render/renderer.h"
 #include "scene/record_views.h"
 
 #include <algorithm>
 #include <bit>
+#include <string>
 #include <unordered_map>
 #include <unordered_set>
 #include <utility>
@@ -21,24 +23,21 @@ namespace {
 
 constexpr float kThird = 0.333333f;
 
-bool fitsTheDriver(const TextureImage& image) {
-    GLint largest = 0;
-    glGetIntegerv(GL_MAX_TEXTURE_SIZE, &largest);
-    return image.width <= largest && image.height <= largest;
-}
-
 /// Gives the image a texture of these pixels instead of the one it has. An image that is too large
 /// for the driver stays without.
 void replaceTexture(TextureImage& image, unsigned pixelFormat, const uint8_t* pixels) {
-    image.setTexture({});
-    if (fitsTheDriver(image))
-        image.setTexture(createTexture2D(TextureKind::Repeating, pixelFormat, image.width,
-                                         image.height, pixels));
+    image.setTexture({}); // before there is another one: both may not fit into the memory
+    image.setTexture(
+        createTexture2D(TextureKind::Repeating, pixelFormat, image.width, image.height, pixels));
 }
 
-void createTexture(TextureImage& image) {
-    if (!image.hasTexture() && hasAllPixels(image))
-        replaceTexture(image, image.pixelFormat, image.bytes().data());
+void createTexture(TextureImage& image, ErrorLog& log) {
+    if (image.hasTexture() || !hasAllPixels(image))
+        return;
+    replaceTexture(image, image.pixelFormat, image.bytes().data());
+    if (!image.hasTexture())
+        log.writeOnce("Error", kImageTooLarge,
+                      std::to_string(image.width) + " x " + std::to_string(image.height));
 }
 
 /// Calls `visit` with each pixel's first byte.
@@ -165,7 +164,7 @@ void prepareTextures(Renderer& renderer) {
     glActiveTexture(GL_TEXTURE0);
     const UsedImages images = usedImages(*renderer.scene);
     for (TextureImage* image : images.plain)
-        createTexture(*image);
+        createTexture(*image, *renderer.errorLog);
     for (TextureImage* image : images.opacity)
         createGreyTexture(*image);
     for (const auto& [image, strength] : images.bumps)
