@@ -39,7 +39,7 @@ int OGL_CALL d3_DrawInDibSection(ogl::RenderContext* ctx, ogl::SCENE* scene, uns
 /// under a positive height: programs that read it as usual show it upside down. With the library's
 /// own window that window takes the size; in a host's window the host keeps the size within it,
 /// pixels outside are not defined. A path that cannot be written, and a size without pixels or
-/// beyond the driver's largest viewport, leave no file and an entry in the log. Leaves the view's
+/// beyond what the driver draws at once, leave no file and an entry in the log. Leaves the view's
 /// OpenGL context current. Returns 1.
 int OGL_CALL d3_DrawInFile(ogl::RenderContext* ctx, ogl::SCENE* scene, unsigned drawFlags,
                            int width, int height, const char* fileName);

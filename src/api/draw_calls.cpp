@@ -67,6 +67,12 @@ bool drawSurface(Renderer& renderer, GLSurface& surface, SCENE& scene) {
     return true;
 }
 
+/// Whether the driver has room for a picture of this size, if it is one.
+bool isDrawnAtOnce(ViewSize picture, int64_t bytesPerPixel) {
+    return picture.width > 0 && picture.height > 0 &&
+           viewSizeFor(picture, bytesPerPixel, frameLimits()) == picture;
+}
+
 /// Gives the own window the size of the picture, or of a tile of it. The view's size.
 ViewSize fitOwnWindow(RenderContext& context, const Renderer& renderer, ViewSize picture) {
     const ViewSize view = viewSizeFor(
@@ -128,9 +134,7 @@ void drawInFile(RenderContext& context, SCENE& scene, uint32_t drawFlags, int wi
     Renderer* renderer = selectFileRenderer(context, scene, drawFlags);
     if (renderer == nullptr || !enter(*renderer, context.primary))
         return;
-    GLint limits[2] = {1, 1};
-    glGetIntegerv(GL_MAX_VIEWPORT_DIMS, limits);
-    if (width < 1 || height < 1 || width > limits[0] || height > limits[1]) {
+    if (!isDrawnAtOnce({width, height}, frameBytesPerPixel(context.primary.samples, 0))) {
         context.errorLog.write("Error", "No picture of this size",
                                std::to_string(width) + " x " + std::to_string(height));
         return;
