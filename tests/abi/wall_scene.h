@@ -23,8 +23,7 @@ class WallScene {
     /// An address in the scene's own memory, which the library must never free.
     uint32_t foreignAddress() const;
     void setMode(int mode) { builder_.setRenderMode(mode); }
-    /// Of the heads-up display.
-    void setMessage(const char* text) { builder_.setMessage(text); }
+    void setTooltip(const char* text) { builder_.setTooltip(text, 20, 30); }
     void setViewFlags(uint32_t flags) { builder_.setViewFlags(flags); }
     /// Looks at a point above the wall, which then fills the lower half of the view.
     void raiseCamera();

@@ -231,10 +231,11 @@ std::vector<uint8_t> pixelsOfCurrentWindow(int width, int height) {
 // With the last window go all programs, textures, buffers and letters; a new window has none.
 TEST_F(WindowTest, TheFirstWindowAfterTheLastOneShowsTheWholeFrame) {
     library().release(std::exchange(context, nullptr)); // its window would keep them alive
-    scene.setMessage("text");
-    enum class Next { SecondWindow, ThirdWindow, WindowOfAnotherView };
+    scene.setViewFlags(0); // overlays, too
+    enum class Next { SecondWindow, ThirdWindow, AnotherView, AnotherViewThen };
     for (const int mode : {kRenderModeDrawing, kRenderModePhoto})
-        for (const Next next : {Next::SecondWindow, Next::ThirdWindow, Next::WindowOfAnotherView}) {
+        for (const Next next :
+             {Next::SecondWindow, Next::ThirdWindow, Next::AnotherView, Next::AnotherViewThen}) {
             SCOPED_TRACE(testing::Message() << "mode " << mode << ", " << static_cast<int>(next));
             const auto create = [&](const HostWindow& of) {
                 return library().create(of.handle(), 0, folder.hostFile("space.ini").c_str());
@@ -242,10 +243,14 @@ TEST_F(WindowTest, TheFirstWindowAfterTheLastOneShowsTheWholeFrame) {
             const auto drawView = [&](RenderContext* view, HWND second) {
                 library().drawInWindow(view, scene.record(), 1, 1, second, nullptr);
             };
+            const bool isOther = next == Next::AnotherView || next == Next::AnotherViewThen;
             scene.setMode(mode);
+            scene.setTooltip(isOther ? "text" : ""); // second windows show none
             auto main = std::make_unique<HostWindow>(120, 100);
             auto second = std::make_unique<HostWindow>(80, 60);
+            RenderContext* const earlier = create(*second); // has the letters' lowest numbers
             RenderContext* const view = create(*main);
+            library().release(earlier);
             drawView(view, nullptr);
             const std::vector<uint8_t> expected = pixelsOfCurrentWindow(120, 100);
             if (next == Next::ThirdWindow)
@@ -253,9 +258,10 @@ TEST_F(WindowTest, TheFirstWindowAfterTheLastOneShowsTheWholeFrame) {
             main.reset();
             second.reset();
             const HostWindow fresh(120, 100);
+            const HostWindow between(80, 60);
             RenderContext* other = nullptr;
-            if (next == Next::WindowOfAnotherView) {
-                drawView(view, nullptr);
+            if (isOther) {
+                drawView(view, next == Next::AnotherViewThen ? between.handle() : nullptr);
                 other = create(fresh);
                 drawView(other, nullptr);
             } else {
