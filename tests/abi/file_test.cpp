@@ -74,7 +74,8 @@ TEST_F(FileTest, DrawWhateverContextIsCurrent) {
 TEST_F(FileTest, WhatCannotBeWrittenLeavesNoFile) {
     EXPECT_TRUE(draw(320, 240, "missing\\wall.bmp").empty());
     EXPECT_FALSE(std::filesystem::exists(folder_.file("missing")));
-    for (const auto& [width, height] : {std::pair{0, 240}, {320, -1}, {1 << 20, 8}, {16384, 8000}}) {
+    for (const auto& [width, height] :
+         {std::pair{0, 240}, {320, -1}, {1 << 20, 8}, {16384, 8000}}) {
         EXPECT_TRUE(draw(width, height, "none.bmp").empty());
         EXPECT_FALSE(std::filesystem::exists(folder_.file("none.bmp"))) << width;
     }

@@ -231,7 +231,7 @@ std::vector<uint8_t> pixelsOfCurrentWindow(int width, int height) {
 // With the last window go all programs, textures, buffers and letters; a new window has none.
 TEST_F(WindowTest, TheFirstWindowAfterTheLastOneShowsTheWholeFrame) {
     library().release(std::exchange(context, nullptr)); // its window would keep them alive
-    scene.setViewFlags(0); // overlays, too
+    scene.setViewFlags(0);                              // overlays, too
     enum class Next { SecondWindow, ThirdWindow, AnotherView, AnotherViewThen };
     for (const int mode : {kRenderModeDrawing, kRenderModePhoto})
         for (const Next next :
