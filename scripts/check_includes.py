@@ -17,8 +17,7 @@ ROOMS = {"platform", "math", "scene", "image", "gpu", "render", "fixed", "deferr
          "api"}
 # What the folders outside src may include of it, besides their own files and include/ogl.
 HOST_SIDE = {"host", "apps"}
-HOST_SIDE_MAY_SEE = {"platform/memory32.h", "platform/win32.h", "raytrace/traced_picture.h",
-                     "scene/sun/sun_position.h"}
+HOST_SIDE_MAY_SEE = {"platform/memory32.h", "platform/win32.h", "scene/sun/sun_position.h"}
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]')
 CONDITIONAL = re.compile(
     r"^\s*#\s*(?:if|ifdef|ifndef|elif)\b.*\b"

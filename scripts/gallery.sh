@@ -99,7 +99,6 @@ picture flat-photo-mono "flat, photo in one colour, sketched" flat --view bedroo
     --mono --sketch 60 --surfaces white
 picture flat-rays-preview "flat, what rays see of it" flat --hide lawn --mode raytrace \
     --size 1600x1000
-picture flat-traced "flat, traced: 16 samples per pixel" flat --mode trace --samples 16 --size 400x275
 say "the house through a day of March"
 "$viewer" sunstudy "$house" -o "$out/house-march.png" --lat 52.523 --lon 13.407 --date 2025-03-20 \
     --from 06:30 --to 16:30 --step 150 --size 960x600

@@ -328,8 +328,8 @@ Request readCommandLine(int argc, const char* const* argv) {
     if (&command == &show) {
         if (style.throughFile)
             throw UserError("show cannot draw into files");
-        if (style.rays != RayWork::None)
-            throw UserError("show cannot trace rays");
+        if (style.rayPreview)
+            throw UserError("show cannot show the ray-trace preview");
         ShowOptions options{parsed.model, parsed.view, style, parsed.style.library};
         options.size = sized ? parseSize(parsed.texts.size) : options.size;
         checkRange("--size", options.size.width, 1, kLargestWindowSide);

@@ -65,14 +65,10 @@ struct PhotoLook {
     std::optional<bool> interior; ///< sunlight through the windows alone
 };
 
-/// How much rays have to do with a picture.
-enum class RayWork { None, Preview, Traced };
-
 /// How it is drawn.
 struct StyleOptions {
     int32_t mode = ogl::kRenderModeDrawing;
-    RayWork rays = RayWork::None; ///< in mode kRenderModePhoto
-    int traceSamples = 32;        ///< per pixel
+    bool rayPreview = false; ///< in mode kRenderModePhoto: what the library packs for tracing rays
     SunPosition sun;
     std::optional<DayAndPlace> sunMoment; ///< where `sun` comes from
     PhotoLook photo;

@@ -3,7 +3,6 @@
 #include "oglview/antialias.h"
 #include "oglview/commands.h"
 #include "oglview/picture_drawing.h"
-#include "oglview/ray_drawing.h"
 #include "oglview/scene_style.h"
 #include "oglview/view_choice.h"
 
@@ -35,18 +34,13 @@ int renderCommand(const std::string& program, const RenderOptions& options) {
 
     progress.step("drawing");
     DibSection bitmap(options.size.width * factor, options.size.height * factor);
-    if (style.rays == RayWork::Traced) {
-        applyStyle(scene.builder, style);
-        drawTraced(scene, style.traceSamples, bitmap, progress);
-    } else {
-        LibraryOptions library = options.library;
-        library.surroundings =
-            style.mode != ogl::kRenderModeDrawing && style.mode != ogl::kRenderModeEdges;
-        DrawingView view(nullptr, library);
-        view.loadTextures(scene.builder);
-        drawPicture(view, scene, style, bitmap, progress);
-        view.releaseScene(scene.builder);
-    }
+    LibraryOptions library = options.library;
+    library.surroundings =
+        style.mode != ogl::kRenderModeDrawing && style.mode != ogl::kRenderModeEdges;
+    DrawingView view(nullptr, library);
+    view.loadTextures(scene.builder);
+    drawPicture(view, scene, style, bitmap, progress);
+    view.releaseScene(scene.builder);
     progress.step("writing " + options.output);
     std::vector<uint8_t> pixels;
     writePicture(options.output,

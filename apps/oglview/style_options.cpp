@@ -13,10 +13,8 @@ namespace {
 
 /// Mode 7 by way of a file.
 constexpr const char* kFileMode = "file";
-/// Mode 8 with rays.
+/// Mode 8 with enableGPUrt.
 constexpr const char* kRayPreviewMode = "raytrace";
-constexpr const char* kTracedMode = "trace";
-constexpr int kMostTraceSamples = 100000;
 
 SurfaceLook parseSurfaces(const std::string& name) {
     if (name == "color")
@@ -42,21 +40,16 @@ void checkOptional(const char* name, const std::optional<T>& value, double low, 
 int32_t modeOf(const std::string& name) {
     if (name == kFileMode)
         return ogl::kRenderModeShadow;
-    return name == kRayPreviewMode || name == kTracedMode ? ogl::kRenderModePhoto : parseMode(name);
+    return name == kRayPreviewMode ? ogl::kRenderModePhoto : parseMode(name);
 }
 
-/// --samples are those of windows, or of the rays.
-void understandSamples(const CLI::App& command, StyleTexts& texts) {
-    texts.style.rays = texts.mode == kRayPreviewMode ? RayWork::Preview
-                       : texts.mode == kTracedMode   ? RayWork::Traced
-                                                     : RayWork::None;
-    texts.library.rayTracing = texts.style.rays != RayWork::None;
-    const bool traced = texts.style.rays == RayWork::Traced;
-    checkRange("--samples", texts.samples, 1, traced ? kMostTraceSamples : 16);
+void understandLibrary(const CLI::App& command, StyleTexts& texts) {
+    texts.style.rayPreview = texts.mode == kRayPreviewMode;
+    texts.library.rayTracing = texts.style.rayPreview;
     if (texts.library.rayTracing && given(command, "--ini"))
         throw UserError("--mode " + texts.mode + " brings its own configuration");
-    if (given(command, "--samples"))
-        (traced ? texts.style.traceSamples : texts.library.samples) = texts.samples;
+    checkRange("--samples", texts.library.samples, 1, 16);
+    checkRange("--photo-samples", texts.library.photoSamples, 1, 16);
 }
 
 void understandSun(const CLI::App& command, const StyleTexts& texts, StyleOptions& style) {
@@ -140,8 +133,8 @@ void StyleTexts::addTo(CLI::App& command) {
     command
         .add_option("--mode", mode,
                     "drawing (default), edges, shadow or photo; render also takes file: what the "
-                    "library draws into files, lit without shadows; raytrace: the grey preview of "
-                    "what rays see; trace: a picture of light paths, which takes its time")
+                    "library draws into files, lit without shadows; raytrace: what the library "
+                    "packs for tracing rays, in one grey")
         ->type_name("NAME");
     command
         .add_option("--sun", sun,
@@ -161,9 +154,7 @@ void StyleTexts::addTo(CLI::App& command) {
         ->type_name("N");
     command.add_option("--edge-opacity", edgeOpacity, "0 to 100 percent")->type_name("P");
     command.add_option("--background", background, "Background")->type_name("RRGGBB");
-    command
-        .add_option("--samples", samples,
-                    "Samples per pixel of windows, 1 to 16 (8); with --mode trace of rays (32)")
+    command.add_option("--samples", library.samples, "Samples per pixel of windows, 1 to 16 (8)")
         ->type_name("N");
     command
         .add_option("--ini", library.iniPath,
@@ -216,8 +207,7 @@ void StyleTexts::understandPictures(const CLI::App& command) {
     }
     if (given(command, "--background"))
         style.background = parseColor(background);
-    understandSamples(command, *this);
-    checkRange("--photo-samples", library.photoSamples, 1, 16);
+    understandLibrary(command, *this);
 }
 
 } // namespace oglview

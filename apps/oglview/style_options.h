@@ -36,7 +36,6 @@ struct StyleTexts {
     MomentTexts moment;
     int lineWeight = 0;
     int edgeOpacity = 0;
-    int samples = 1; ///< of windows or of rays
     bool noShadows = false;
     PhotoLook photo;
     StyleOptions style;

@@ -77,7 +77,6 @@ void RayTraceRenderer::releaseResources() {
     preview_.reset();
     packed_ = PackedScene{};
     packedScene_ = nullptr;
-    isPacked_ = false;
 }
 
 void RayTraceRenderer::packScene() {
@@ -86,7 +85,6 @@ void RayTraceRenderer::packScene() {
     packedScene_ = scene;
     sceneBounds = Box{};
     packed_ = PackedScene{};
-    isPacked_ = scene != nullptr;
     if (scene == nullptr)
         return;
     try {
@@ -103,7 +101,6 @@ void RayTraceRenderer::packScene() {
 
 void RayTraceRenderer::refusePacking(const char* reason) {
     packed_ = PackedScene{};
-    isPacked_ = false;
     errorLog->writeOnce("Error", reason, "");
 }
 

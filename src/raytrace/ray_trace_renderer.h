@@ -17,7 +17,7 @@ namespace ogl {
 
 /// Prepares a scene for ray tracing on the graphics card: packs it into textures, builds the
 /// programs and keeps a target of the view's size. Its frame shows the packed triangles in one grey
-/// on black; tracing is up to whoever takes the parts from here (PathTracer does).
+/// on black; tracing is up to whoever takes the parts from here.
 class RayTraceRenderer : public Renderer {
   public:
     explicit RayTraceRenderer(RenderContext& creator);
@@ -36,8 +36,6 @@ class RayTraceRenderer : public Renderer {
 
     // What tracing takes.
 
-    /// False when there is no scene, or the driver's textures or memory are too small for it.
-    bool isPacked() const { return isPacked_; }
     const PackedScene& packed() const { return packed_; }
     const SceneTextures& textures() const { return textures_; }
     /// Of the context that was current in createResources(), null before. A program that did not
@@ -71,7 +69,6 @@ class RayTraceRenderer : public Renderer {
     PerContext<std::unique_ptr<RenderTarget>> traceTargets_;
     RayCamera rayCamera_;
     const SCENE* packedScene_ = nullptr; ///< only compared
-    bool isPacked_ = false;
 };
 
 } // namespace ogl

@@ -103,7 +103,7 @@ Vec3 ReferenceScene::normalAt(const ReferenceHit& hit, Vec3 direction) const {
 }
 
 float ReferenceScene::openness(Vec3 place, Vec3 normal, int x, int y,
-                               const RaySample& sample) const {
+                               const KernelSample& sample) const {
     const std::array<std::array<float, 2>, 4> mirrors{{{1, 1}, {-1, 1}, {-1, -1}, {1, -1}}};
     const auto& mirror = mirrors[static_cast<size_t>(x % 2 + 2 * (y % 2))];
     const Vec3 tangent = normalized(cross({0.01f, 0.99f, 0.0f}, normal));
@@ -119,7 +119,7 @@ float ReferenceScene::openness(Vec3 place, Vec3 normal, int x, int y,
 }
 
 Vec3 ReferenceScene::pathColor(Vec3 origin, Vec3 direction, int x, int y,
-                               const RaySample& sample) const {
+                               const KernelSample& sample) const {
     const bool reflects = numberOf(x, y) > 0.5f;
     Vec3 color{0, 0, 0};
     float throughput = 1.0f;
@@ -149,7 +149,7 @@ Vec3 ReferenceScene::pathColor(Vec3 origin, Vec3 direction, int x, int y,
 }
 
 Vec3 rayThrough(const RayCamera& camera, float x, float y, int width, int height,
-                const RaySample& sample) {
+                const KernelSample& sample) {
     const float px = x / static_cast<float>(width) + sample.shiftX;
     const float py = 1.0f - y / static_cast<float>(height) + sample.shiftY;
     const float qx = (2.0f * px - 1.0f) / camera.scale;

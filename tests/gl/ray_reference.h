@@ -5,7 +5,6 @@
 #pragma once
 
 #include "math/vector3.h"
-#include "raytrace/path_tracer.h"
 #include "raytrace/ray_camera.h"
 #include "support/scene_fixture.h"
 
@@ -13,6 +12,14 @@
 #include <vector>
 
 namespace ogl::test {
+
+/// What changes from one sample of a traced picture to the next.
+struct KernelSample {
+    float shiftX = 0.0f; ///< of the rays, in parts of the picture
+    float shiftY = 0.0f;
+    /// Around (0, 0, 1), in which nearby things darken; along it, nothing does.
+    std::array<Vec3, 4> openDirections{{{0, 0, 1}, {0, 0, 1}, {0, 0, 1}, {0, 0, 1}}};
+};
 
 struct ReferencePaint {
     Vec3 color{1, 1, 1};
@@ -40,11 +47,8 @@ class ReferenceScene {
     int paintOf(const ReferenceHit& hit) const {
         return triangles_[static_cast<size_t>(hit.triangle)].paint;
     }
-    const std::vector<ReferencePaint>& paints() const { return paints_; }
-    /// Part of the sample's four directions that is open at a place of the pixel.
-    float openness(Vec3 place, Vec3 normal, int x, int y, const RaySample& sample) const;
     /// What a pixel of a picture's first sample gets: red, green, blue.
-    Vec3 pathColor(Vec3 origin, Vec3 direction, int x, int y, const RaySample& sample) const;
+    Vec3 pathColor(Vec3 origin, Vec3 direction, int x, int y, const KernelSample& sample) const;
 
   private:
     struct Triangle {
@@ -53,6 +57,8 @@ class ReferenceScene {
         int paint;
     };
     Vec3 normalAt(const ReferenceHit& hit, Vec3 direction) const;
+    /// Part of the sample's four directions that is open at a place of the pixel.
+    float openness(Vec3 place, Vec3 normal, int x, int y, const KernelSample& sample) const;
 
     std::vector<ReferencePaint> paints_;
     std::vector<Triangle> triangles_;
@@ -60,7 +66,7 @@ class ReferenceScene {
 
 /// The direction of the ray through a place of a picture, in pixels from the lower left corner.
 Vec3 rayThrough(const RayCamera& camera, float x, float y, int width, int height,
-                const RaySample& sample);
+                const KernelSample& sample);
 
 /// A ball of triangles with vertex normals.
 FaceShape ball(Vec3 center, float radius, int rings, int16_t material);

@@ -56,26 +56,6 @@ TEST(CommandLine, ReadsARenderCommand) {
     EXPECT_EQ(render->library.samples, 4);
 }
 
-TEST(CommandLine, SamplesAreThoseOfWindowsOrOfRays) {
-    const struct Row {
-        const char* mode;
-        RayWork rays;
-        int windowSamples, traceSamples;
-    } rows[] = {{"photo", RayWork::None, 12, 32},
-                {"raytrace", RayWork::Preview, 12, 32},
-                {"trace", RayWork::Traced, 8, 12}};
-    for (const Row& row : rows) {
-        const Request request =
-            read("render flat -o a.png --samples 12 --mode " + std::string(row.mode));
-        const auto& render = std::get<RenderOptions>(request);
-        EXPECT_EQ(render.style.mode, ogl::kRenderModePhoto) << row.mode;
-        EXPECT_EQ(render.style.rays, row.rays) << row.mode;
-        EXPECT_EQ(render.library.rayTracing, row.rays != RayWork::None) << row.mode;
-        EXPECT_EQ(render.library.samples, row.windowSamples) << row.mode;
-        EXPECT_EQ(render.style.traceSamples, row.traceSamples) << row.mode;
-    }
-}
-
 TEST(CommandLine, RefusesInOneLine) {
     const char* const lines[] = {
         "",
@@ -90,8 +70,7 @@ TEST(CommandLine, RefusesInOneLine) {
         "render flat -o a.png --mode rays",
         "render flat -o a.png --mode raytrace --samples 17",
         "render flat -o a.png --mode raytrace --ini space.ini",
-        "render flat -o a.png --mode trace --samples 100001",
-        "show flat --mode trace",
+        "render flat -o a.png --mode trace",
         "show flat --mode raytrace",
         "render flat -o a.png --sun 10",
         "render flat -o a.png --sun 10,91",
