@@ -7,7 +7,7 @@
 #include "drawing_renderer.h"
 #include "figures.h"
 #include "fixed/surfaces/scene_batches.h"
-#include "render/hidden_view.h"
+#include "hidden_view.h"
 
 #include <algorithm>
 #include <memory>

@@ -8,7 +8,7 @@
 #include "deferred/deferred_renderer.h"
 #include "deferred/scene_look.h"
 #include "figures.h"
-#include "render/hidden_view.h"
+#include "hidden_view.h"
 
 #include <chrono>
 #include <map>

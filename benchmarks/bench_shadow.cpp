@@ -8,7 +8,7 @@
 #include "figures.h"
 #include "fixed/forward/shadow_renderer.h"
 #include "gpu/texture.h"
-#include "render/hidden_view.h"
+#include "hidden_view.h"
 
 #include <memory>
 #include <string>

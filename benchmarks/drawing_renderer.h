@@ -4,7 +4,7 @@
 
 #include "fixed/drawing/fixed_renderer.h"
 #include "gpu/vertex_array.h"
-#include "render/hidden_view.h"
+#include "hidden_view.h"
 
 #include <memory>
 

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
-#include "render/hidden_view.h"
+#include "hidden_view.h"
 
 #include "platform/own_window.h"
 
-namespace ogl {
+namespace ogl::bench {
 
 namespace {
 
@@ -28,4 +28,4 @@ HiddenView::~HiddenView() {
     tearDownOwnWindow();
 }
 
-} // namespace ogl
+} // namespace ogl::bench

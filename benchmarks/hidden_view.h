@@ -6,7 +6,7 @@
 
 #include <memory>
 
-namespace ogl {
+namespace ogl::bench {
 
 /// A view on the library's own hidden window, its context current, for drawing without a host's
 /// window. It has the default settings, logs nothing, and takes the window down with it.
@@ -26,4 +26,4 @@ class HiddenView {
     std::unique_ptr<RenderContext> context_;
 };
 
-} // namespace ogl
+} // namespace ogl::bench
