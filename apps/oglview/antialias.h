@@ -7,7 +7,7 @@
 #pragma once
 
 #include "oglview/image_file.h"
-#include "oglview/options.h"
+#include "oglview/parse_values.h"
 
 namespace oglview {
 

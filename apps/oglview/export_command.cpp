@@ -1,15 +1,16 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
 #include "ogl/ogl.h"
-#include "oglview/commands.h"
+#include "oglview/add_option.h"
 #include "oglview/loaded_scene.h"
+#include "oglview/subcommand.h"
 #include "oglview/texture_picture.h"
 #include "oglview/user_error.h"
 #include "oglview/view_choice.h"
 #include "oglview/web_folder.h"
 
 #include <algorithm>
-#include <cstdio>
+#include <optional>
 #include <string>
 
 namespace oglview {
@@ -38,33 +39,56 @@ void writeTextures(const ogl::host::SceneBuilder& builder, const fs::path& folde
     }
 }
 
-} // namespace
+struct Export {
+    ModelOptions model;
+    ViewOptions view;
+    std::string output; ///< FOLDER/Sessions/NAME/scene.js
+    std::optional<ogl::host::Color> background;
+    Size size{1280, 800};
 
-int exportCommand(const std::string& program, const ExportOptions& options) {
-    const WebFolder target(options.output);
-    const Progress progress(options.model.progress);
-    LoadedScene scene = loadScene(program, options.model, progress);
+    void addTo(CLI::App& command);
+    int run(const std::string& program) const;
+};
+
+void Export::addTo(CLI::App& command) {
+    addModelOptions(command, model);
+    command
+        .add_option("OUTPUT", output, "FOLDER/Sessions/NAME/scene.js; the page goes into FOLDER")
+        ->required();
+    addSize(command, size, "Size of the view in pixels (1280x800)");
+    addViewOptions(command, view);
+    addText(command, "--background", background, parseColor, "Background of the page")
+        ->type_name("RRGGBB");
+}
+
+int Export::run(const std::string& program) const {
+    const WebFolder target(output);
+    const Progress progress(model.progress);
+    LoadedScene scene = loadScene(program, model, progress);
 
     progress.step("choosing the view");
-    const double aspect = static_cast<double>(options.size.width) / options.size.height;
-    scene.builder.setCamera(chooseCamera(scene, options.view, aspect));
-    scene.builder.setViewWindow(options.view.zoomWindow);
-    if (options.background) {
+    setView(scene, view, size);
+    if (background) {
         ogl::host::DrawingStyle style;
-        style.background = *options.background;
+        style.background = *background;
         scene.builder.setDrawingStyle(style);
     }
 
-    progress.step("writing " + options.output);
+    progress.step("writing " + output);
     target.prepareScene();
     writeTextures(scene.builder, target.sceneFolder());
-    if (d3_ExportJS(scene.builder.scene(), hostPath(target.document()).c_str(), options.size.width,
-                    options.size.height) == 0)
+    if (d3_ExportJS(scene.builder.scene(), hostPath(target.document()).c_str(), size.width,
+                    size.height) == 0)
         throw UserError("cannot write '" + target.document().string() + "'");
     target.writePage(fs::path(program).parent_path() / OGLVIEW_PAGE);
-    for (const std::string& note : scene.notes)
-        std::fprintf(stderr, "oglview: note: %s\n", note.c_str());
+    printNotes(scene);
     return 0;
+}
+
+} // namespace
+
+Subcommand exportCommand() {
+    return makeSubcommand<Export>("export", "Write a model as a page for web browsers");
 }
 
 } // namespace oglview

@@ -1,8 +1,10 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
-#include "oglview/commands.h"
 #include "oglview/loaded_scene.h"
+#include "oglview/subcommand.h"
 #include "oglview/view_choice.h"
+
+#include <CLI/CLI.hpp>
 
 #include <cstdio>
 
@@ -49,15 +51,8 @@ int usedMaterials(const ogl::SCENE& scene) {
 
 void printViews(const LoadedScene& scene) {
     std::printf("views     ");
-    for (const ogl::host::NamedView& view : scene.views)
-        std::printf(" %s", view.name.c_str());
-    for (const std::string& name : generalViews()) {
-        bool own = false;
-        for (const ogl::host::NamedView& view : scene.views)
-            own = own || view.name == name;
-        if (!own)
-            std::printf(" %s", name.c_str());
-    }
+    for (const std::string& name : viewsOf(scene))
+        std::printf(" %s", name.c_str());
     std::printf("\n");
 }
 
@@ -70,10 +65,19 @@ void printObjects(const SceneBuilder& builder) {
     }
 }
 
-} // namespace
+struct Info {
+    ModelOptions model;
+    bool listObjects = false;
 
-int infoCommand(const std::string& program, const InfoOptions& options) {
-    const LoadedScene scene = loadScene(program, options.model, Progress(options.model.progress));
+    void addTo(CLI::App& command) {
+        addModelOptions(command, model);
+        command.add_flag("--objects", listObjects, "List the objects with their sizes in metres");
+    }
+    int run(const std::string& program) const;
+};
+
+int Info::run(const std::string& program) const {
+    const LoadedScene scene = loadScene(program, model, Progress(model.progress));
     const SceneBuilder& builder = scene.builder;
     printOrigin(scene);
     std::printf("objects    %d\n", builder.objectCount());
@@ -85,9 +89,15 @@ int infoCommand(const std::string& program, const InfoOptions& options) {
     printViews(scene);
     for (const std::string& note : scene.notes)
         std::printf("note       %s\n", note.c_str());
-    if (options.listObjects)
+    if (listObjects)
         printObjects(builder);
     return 0;
+}
+
+} // namespace
+
+Subcommand infoCommand() {
+    return makeSubcommand<Info>("info", "Tell what is in a model");
 }
 
 } // namespace oglview

@@ -5,6 +5,7 @@
 #include "host/import/import_model.h"
 #include "host/import/model_to_scene.h"
 #include "host/sample_flat.h"
+#include "oglview/parse_values.h"
 #include "oglview/user_error.h"
 #include "oglview/view_fit.h"
 
@@ -114,10 +115,6 @@ void hideObjects(SceneBuilder& builder, const ModelOptions& options) {
 
 } // namespace
 
-std::vector<std::string> sampleNames() {
-    return {"flat"};
-}
-
 LoadedScene loadScene(const std::string& program, const ModelOptions& options,
                       const Progress& progress) {
     LoadedScene scene =
@@ -125,6 +122,11 @@ LoadedScene loadScene(const std::string& program, const ModelOptions& options,
     scene.builder.build();
     hideObjects(scene.builder, options);
     return scene;
+}
+
+void printNotes(const LoadedScene& scene) {
+    for (const std::string& note : scene.notes)
+        std::fprintf(stderr, "oglview: note: %s\n", note.c_str());
 }
 
 } // namespace oglview

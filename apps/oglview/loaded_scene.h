@@ -3,7 +3,7 @@
 #pragma once
 
 #include "host/scene_builder.h"
-#include "oglview/options.h"
+#include "oglview/model_options.h"
 #include "oglview/progress.h"
 
 #include <string>
@@ -30,7 +30,7 @@ struct LoadedScene {
 LoadedScene loadScene(const std::string& program, const ModelOptions& options,
                       const Progress& progress);
 
-/// Names of the built-in samples, for messages and help.
-std::vector<std::string> sampleNames();
+/// Writes what the user should know to standard error.
+void printNotes(const LoadedScene& scene);
 
 } // namespace oglview

@@ -1,18 +1,29 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
 #include "host/import/import_model.h"
-#include "oglview/command_line.h"
-#include "oglview/commands.h"
+#include "oglview/subcommand.h"
 #include "oglview/user_error.h"
 #include "platform/win32.h"
+
+#include <CLI/CLI.hpp>
 
 #include <cstdio>
 #include <exception>
 #include <new>
 #include <string>
-#include <vector>
 
 namespace {
+
+using namespace oglview;
+
+constexpr const char* kDescription =
+    "Draws models of buildings with the ogl rendering library.\n\n"
+    "MODEL is a built-in sample (flat) or a file: IFC, glTF, OBJ, FBX, COLLADA, 3DS, STL, PLY and\n"
+    "what else the import library reads. Models are drawn in metres with z up. IFC, glTF and\n"
+    "COLLADA files say what they mean. Where a file names no unit, its size decides: up to 100\n"
+    "units wide and 40 high are metres, up to 10,000 centimetres, more millimetres. STL, PLY, "
+    "OFF,\n"
+    "AMF and 3MF files have z up, all others y. --unit and --up say otherwise.";
 
 std::string programFile() {
     std::string path(4096, '\0');
@@ -26,26 +37,32 @@ void loadTraceModule(const std::string& program) {
     LoadLibraryA((program.substr(0, folder) + OGLVIEW_TRACE_MODULE).c_str());
 }
 
-int runRequest(const oglview::Request& request) {
+/// The first line of a message of the command-line library.
+std::string firstLine(const std::string& text) {
+    return text.substr(0, text.find('\n'));
+}
+
+/// Does what the command line says. Throws UserError.
+int run(int argc, const char* const* argv) {
+    CLI::App app(kDescription, "oglview");
+    app.set_version_flag("--version", "oglview " OGLVIEW_VERSION);
+    app.require_subcommand(1);
+    Work work;
+    for (Subcommand (*const subcommand)() : kSubcommands) {
+        const auto [name, help, addTo] = subcommand();
+        CLI::App& command = *app.add_subcommand(name, help);
+        command.callback([&work, named = addTo(command)] { work = named; });
+    }
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        if (error.get_exit_code() == 0)
+            return app.exit(error); // prints the help or the version that was asked for
+        throw UserError(firstLine(error.what()) + " (oglview --help tells more)");
+    }
     const std::string program = programFile();
     loadTraceModule(program);
-    if (const auto* render = std::get_if<oglview::RenderOptions>(&request))
-        return oglview::renderCommand(program, *render);
-    if (const auto* show = std::get_if<oglview::ShowOptions>(&request))
-        return oglview::showCommand(program, *show);
-    if (const auto* exported = std::get_if<oglview::ExportOptions>(&request))
-        return oglview::exportCommand(program, *exported);
-    if (const auto* serve = std::get_if<oglview::ServeOptions>(&request))
-        return oglview::serveCommand(*serve);
-    if (const auto* info = std::get_if<oglview::InfoOptions>(&request))
-        return oglview::infoCommand(program, *info);
-    if (const auto* sun = std::get_if<oglview::SunOptions>(&request))
-        return oglview::sunCommand(*sun);
-    if (const auto* study = std::get_if<oglview::StudyOptions>(&request))
-        return oglview::sunStudyCommand(program, *study);
-    if (const auto* pick = std::get_if<oglview::PickOptions>(&request))
-        return oglview::pickCommand(program, *pick);
-    return 0;
+    return work(program);
 }
 
 int fail(const char* message) {
@@ -59,9 +76,7 @@ int main(int argc, char** argv) {
     try {
         if (argc > 1 && std::string(argv[1]) == ogl::host::kImportWorkerCommand)
             return ogl::host::importWorker({argv + 2, argv + argc});
-        return runRequest(oglview::readCommandLine(argc, argv));
-    } catch (const oglview::UserError& error) {
-        return fail(error.what());
+        return run(argc, argv);
     } catch (const std::bad_alloc&) {
         return fail("there is not enough memory");
     } catch (const std::exception& error) {

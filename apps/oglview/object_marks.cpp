@@ -14,8 +14,8 @@ using ogl::host::ObjectId;
 constexpr int kNameRight = 18;
 constexpr int kNameBelow = 26;
 
-} // namespace
-
+/// The text in ASCII, which the library's font has: a question mark stands for every other
+/// character of UTF-8.
 std::string asciiText(const std::string& text) {
     std::string result;
     for (const char character : text) {
@@ -28,6 +28,8 @@ std::string asciiText(const std::string& text) {
     }
     return result;
 }
+
+} // namespace
 
 std::string ObjectMarks::nameOf(ObjectId object) const {
     const std::string& name = builder_.objectName(object);

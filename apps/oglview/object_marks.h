@@ -37,8 +37,4 @@ class ObjectMarks {
     std::set<ogl::host::ObjectId> selected_;
 };
 
-/// The text in ASCII, which the library's font has: a question mark stands for every other
-/// character of UTF-8.
-std::string asciiText(const std::string& text);
-
 } // namespace oglview

@@ -62,12 +62,6 @@ void OrbitCamera::orbit(double right, double down) {
         camera_.target - turned(toTarget, -right * kTurnPerHeight, -down * kTurnPerHeight);
 }
 
-void OrbitCamera::look(double right, double down) {
-    const Vec3 toTarget = camera_.target - camera_.eye;
-    camera_.target =
-        camera_.eye + turned(toTarget, -right * kTurnPerHeight, -down * kTurnPerHeight);
-}
-
 void OrbitCamera::pan(double right, double down) {
     const Axes a = axes();
     const double height = 2.0 * length(camera_.target - camera_.eye) *

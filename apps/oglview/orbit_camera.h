@@ -21,8 +21,6 @@ class OrbitCamera {
     void zoom(double steps);
     /// Walks: metres forward and to the right on the level, and upwards.
     void walk(double forward, double right, double upward);
-    /// Turns on the spot; fractions of the picture's height, to the right and downwards.
-    void look(double right, double down);
     void reset() { camera_ = start_; }
 
     /// Metres per second on foot: walking pace inside a house, faster in larger scenes.

@@ -31,16 +31,15 @@ bool sameLetter(char a, char b) {
            std::tolower(static_cast<unsigned char>(b));
 }
 
-struct ModeName {
-    std::string_view name;
-    int32_t mode;
-};
-constexpr ModeName kModes[] = {{"drawing", ogl::kRenderModeDrawing},
-                               {"edges", ogl::kRenderModeEdges},
-                               {"shadow", ogl::kRenderModeShadow},
-                               {"photo", ogl::kRenderModePhoto}};
-
 } // namespace
+
+void checkRange(const char* name, double value, Range range) {
+    if (value >= range.low && value <= range.high)
+        return;
+    char text[96];
+    std::snprintf(text, sizeof text, "%s takes %g to %g", name, range.low, range.high);
+    throw UserError(text);
+}
 
 Size parseSize(const std::string& text) {
     Size size;
@@ -110,17 +109,6 @@ int parseTimeOfDay(const std::string& text) {
     if (read != 2 || hour < 0 || hour > 23 || minute < 0 || minute > 59)
         throw UserError("there is no time '" + text + "'; write it as 14:30");
     return hour * 60 + minute;
-}
-
-int32_t parseMode(const std::string& name) {
-    std::string known;
-    for (const ModeName& mode : kModes) {
-        if (mode.name == name)
-            return mode.mode;
-        known += known.empty() ? "" : ", ";
-        known += mode.name;
-    }
-    throw UserError("there is no mode '" + name + "'; modes are: " + known);
 }
 
 bool matches(const std::string& name, const std::string& pattern) {

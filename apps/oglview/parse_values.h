@@ -15,13 +15,19 @@ namespace oglview {
 
 /// Bytes of the largest picture, 3 per pixel: picture files count them in 31 bits.
 inline constexpr int64_t kLargestPictureBytes = 0x7fffffff;
-/// The largest side of a window.
-inline constexpr int kLargestWindowSide = 16384;
 
 struct Size {
     int width = 0;
     int height = 0;
 };
+
+struct Range {
+    double low;
+    double high;
+};
+
+/// Throws unless the value lies in the range. `name` names it in the message.
+void checkRange(const char* name, double value, Range range);
 
 /// "1024x768", at most kLargestPictureBytes.
 Size parseSize(const std::string& text);
@@ -46,9 +52,6 @@ CalendarDay parseDay(const std::string& text);
 
 /// "14:30" as minutes of the day.
 int parseTimeOfDay(const std::string& text);
-
-/// A mode's name as the scene's renderMode.
-int32_t parseMode(const std::string& name);
 
 /// Whether `name` fits `pattern`, in which * stands for any text and ? for one character. Upper and
 /// lower case ASCII letters are the same.

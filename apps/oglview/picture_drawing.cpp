@@ -4,8 +4,6 @@
 
 #include "oglview/fill_gauge.h"
 #include "oglview/scene_style.h"
-#include "oglview/standpoint.h"
-#include "oglview/sun_moment.h"
 #include "oglview/user_error.h"
 
 #include <algorithm>
@@ -90,13 +88,6 @@ void drawPicture(const DrawingView& view, LoadedScene& scene, const StyleOptions
         drawThroughFile(view, scene.builder.scene(), flags, bitmap);
     else
         d3_DrawInDibSection(view.get(), scene.builder.scene(), flags, bitmap.get());
-}
-
-void completeStyle(StyleOptions& style, const LoadedScene& scene, const ogl::host::Camera& camera) {
-    if (style.sunMoment)
-        style.sun = sunInModel(*style.sunMoment);
-    if (style.mode == ogl::kRenderModePhoto && !style.photo.interior)
-        style.photo.interior = standsInside(scene, camera);
 }
 
 } // namespace oglview

@@ -6,6 +6,8 @@
 
 namespace oglview {
 
+Progress::Progress(bool wanted) : shown_(wanted || errorOutputIsTerminal()) {}
+
 void Progress::step(const std::string& what) const {
     if (shown_)
         std::fprintf(stderr, "oglview: %s\n", what.c_str());

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "oglview/scene_style.h"
 
+#include "oglview/ray_caster.h"
+#include "oglview/scene_triangles.h"
 #include "oglview/user_error.h"
 #include "scene/sun/sun_position.h"
 
@@ -87,6 +89,16 @@ ogl::host::Sun sunAt(const SunPosition& position) {
     return sun;
 }
 
+/// Whether the camera stands in a room whose windows are known: something visible is above it.
+bool standsInside(const LoadedScene& scene, const ogl::host::Camera& camera) {
+    if (!scene.hasPortals)
+        return false;
+    constexpr double kHighestCeiling = 20.0;
+    const TriangleCorners corners = visibleTriangles(*scene.builder.scene());
+    return RayCaster(corners).firstHit(camera.eye, {0.0, 0.0, 1.0}, kHighestCeiling) <
+           kHighestCeiling;
+}
+
 } // namespace
 
 ogl::host::PhotoStyle photoStyleOf(const StyleOptions& style) {
@@ -116,6 +128,13 @@ uint32_t drawFlagsOf(const StyleOptions& style) {
     if (style.shadows)
         flags |= ogl::kDrawShadows;
     return flags;
+}
+
+void completeStyle(StyleOptions& style, const LoadedScene& scene, const ogl::host::Camera& camera) {
+    if (style.sunMoment)
+        style.sun = sunInModel(*style.sunMoment);
+    if (style.mode == ogl::kRenderModePhoto && !style.photo.interior)
+        style.photo.interior = standsInside(scene, camera);
 }
 
 void applyStyle(ogl::host::SceneBuilder& builder, const StyleOptions& style) {

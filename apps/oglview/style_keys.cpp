@@ -98,17 +98,4 @@ const std::vector<std::string>& styleKeys() {
     return keys;
 }
 
-const char* modeName(int32_t mode) {
-    switch (mode) {
-    case ogl::kRenderModeEdges:
-        return "edges";
-    case ogl::kRenderModeShadow:
-        return "shadow";
-    case ogl::kRenderModePhoto:
-        return "photo";
-    default:
-        return "drawing";
-    }
-}
-
 } // namespace oglview

@@ -2,7 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "oglview/options.h"
+#include "oglview/style_options.h"
+
+#include <string>
+#include <vector>
 
 namespace oglview {
 
@@ -11,8 +14,5 @@ bool changeStyle(int key, StyleOptions& style);
 
 /// A line for each of the keys.
 const std::vector<std::string>& styleKeys();
-
-/// The name of a render mode, as the command line has it.
-const char* modeName(int32_t mode);
 
 } // namespace oglview

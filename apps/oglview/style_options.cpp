@@ -2,19 +2,76 @@
 // SPDX-License-Identifier: MIT
 #include "oglview/style_options.h"
 
+#include "oglview/add_option.h"
 #include "oglview/user_error.h"
 
-#include <CLI/CLI.hpp>
-
-#include <cstdio>
+#include <algorithm>
+#include <iterator>
+#include <span>
+#include <string_view>
 
 namespace oglview {
 namespace {
 
-/// Mode 7 by way of a file.
-constexpr const char* kFileMode = "file";
-/// Mode 8 with enableGPUrt.
-constexpr const char* kRayPreviewMode = "raytrace";
+struct Mode {
+    const char* name;
+    int32_t renderMode;
+    bool throughFile = false;
+    bool rayPreview = false;
+};
+constexpr Mode kModes[] = {{"drawing", ogl::kRenderModeDrawing},
+                           {"edges", ogl::kRenderModeEdges},
+                           {"shadow", ogl::kRenderModeShadow},
+                           {"photo", ogl::kRenderModePhoto},
+                           {"file", ogl::kRenderModeShadow, true, false},
+                           {"raytrace", ogl::kRenderModePhoto, false, true}};
+constexpr size_t kWindowModes = 4; // the first ones
+
+const Mode& parseMode(const std::string& name, Canvas canvas) {
+    const std::span modes(kModes, canvas == Canvas::Window ? kWindowModes : std::size(kModes));
+    std::string known;
+    for (const Mode& mode : modes) {
+        if (mode.name == name)
+            return mode;
+        known += known.empty() ? "" : ", ";
+        known += mode.name;
+    }
+    throw UserError("there is no mode '" + name + "'; modes are: " + known);
+}
+
+void addMode(CLI::App& command, StyleOptions& style, LibraryOptions& library, Canvas canvas) {
+    const auto read = [&command, &style, &library, canvas](const std::string& name) {
+        const Mode& mode = parseMode(name, canvas);
+        style.mode = mode.renderMode;
+        style.throughFile = mode.throughFile;
+        style.rayPreview = mode.rayPreview;
+        library.rayTracing = mode.rayPreview;
+        if (mode.rayPreview && command.count("--ini") != 0)
+            throw UserError("--mode " + name + " brings its own configuration");
+    };
+    std::string what = "drawing (default), edges, shadow or photo";
+    if (canvas == Canvas::Picture)
+        what += "; file: what the library draws into files, lit without shadows; raytrace: what "
+                "the library packs for tracing rays, in one grey";
+    command.add_option_function<std::string>("--mode", read, what)->type_name("NAME");
+}
+
+void addSun(CLI::App& command, StyleOptions& style) {
+    const auto read = [&command](const std::string& text) -> SunPosition {
+        if (command.count("--date") != 0)
+            throw UserError("--sun and --date both say where the sun stands");
+        const std::vector<double> n = parseNumbers(text, 2, "--sun");
+        checkRange("the sun's azimuth", n[0], {-360.0, 360.0});
+        checkRange("the sun's elevation", n[1], {-90.0, 90.0});
+        return {n[0], n[1]};
+    };
+    addText(command, "--sun", style.sun, read,
+            "Where the sun stands, in degrees: counter-clockwise from +x seen from above, "
+            "and above the horizon (230,42). --date, --time, --lat and --lon put it where "
+            "it is at that moment")
+        ->type_name("AZIMUTH,ELEVATION");
+    addMomentOptions(command, style.sunMoment, MomentUse::MayBeGiven);
+}
 
 SurfaceLook parseSurfaces(const std::string& name) {
     if (name == "color")
@@ -26,188 +83,82 @@ SurfaceLook parseSurfaces(const std::string& name) {
     throw UserError("--surfaces takes color, grey or white");
 }
 
-/// Whether an option that a command may lack was given.
-bool given(const CLI::App& command, const char* option) {
-    return command.get_option_no_throw(option) != nullptr && command.count(option) != 0;
-}
-
-template <class T>
-void checkOptional(const char* name, const std::optional<T>& value, double low, double high) {
-    if (value)
-        checkRange(name, static_cast<double>(*value), low, high);
-}
-
-int32_t modeOf(const std::string& name) {
-    if (name == kFileMode)
-        return ogl::kRenderModeShadow;
-    return name == kRayPreviewMode ? ogl::kRenderModePhoto : parseMode(name);
-}
-
-void understandLibrary(const CLI::App& command, StyleTexts& texts) {
-    texts.style.rayPreview = texts.mode == kRayPreviewMode;
-    texts.library.rayTracing = texts.style.rayPreview;
-    if (texts.library.rayTracing && given(command, "--ini"))
-        throw UserError("--mode " + texts.mode + " brings its own configuration");
-    checkRange("--samples", texts.library.samples, 1, 16);
-    checkRange("--photo-samples", texts.library.photoSamples, 1, 16);
-}
-
-void understandSun(const CLI::App& command, const StyleTexts& texts, StyleOptions& style) {
-    if (given(command, "--sun")) {
-        if (given(command, "--date"))
-            throw UserError("--sun and --date both say where the sun stands");
-        const std::vector<double> n = parseNumbers(texts.sun, 2, "--sun");
-        checkRange("the sun's azimuth", n[0], -360.0, 360.0);
-        checkRange("the sun's elevation", n[1], -90.0, 90.0);
-        style.sun = {n[0], n[1]};
-        return;
-    }
-    int parts = 0;
-    for (const char* option : {"--date", "--time", "--lat", "--lon"})
-        parts += given(command, option) ? 1 : 0;
-    if (parts == 4)
-        style.sunMoment = texts.moment.understand();
-    else if (parts != 0 || given(command, "--north"))
-        throw UserError("the sun of a day takes --date, --time, --lat and --lon");
-}
-
-void understandPhoto(const CLI::App& command, const StyleTexts& texts, StyleOptions& style) {
-    PhotoLook& photo = style.photo;
-    photo = texts.photo;
-    checkOptional("--exposure", photo.exposure, 0.0, 100.0);
-    checkOptional("--gamma", photo.gamma, 0.05, 20.0);
-    checkOptional("--saturation", photo.saturation, 0.0, 10.0);
-    checkOptional("--ambient", photo.ambientPercent, 0, 1000);
-    // The library has directions for no more.
-    checkOptional("--occlusion", photo.occlusionPercent, 0, 350);
-    checkOptional("--sketch", photo.sketchPercent, 0, 100);
-    if (!given(command, "--interior"))
-        return;
-    if (texts.interior != "yes" && texts.interior != "no")
+bool parseInterior(const std::string& text) {
+    if (text != "yes" && text != "no")
         throw UserError("--interior takes yes or no");
-    photo.interior = texts.interior == "yes";
+    return text == "yes";
 }
 
 } // namespace
 
-void checkRange(const char* name, double value, double low, double high) {
-    if (value >= low && value <= high)
-        return;
-    char text[96];
-    std::snprintf(text, sizeof text, "%s takes %g to %g", name, low, high);
-    throw UserError(text);
-}
-
-void MomentTexts::addTo(CLI::App& command, bool required, bool withTime) {
-    command.add_option("--date", date, "Day, as 2025-06-21")
-        ->type_name("YYYY-MM-DD")
-        ->required(required);
-    if (withTime)
-        command.add_option("--time", time, "Time of day, universal time")
-            ->type_name("HH:MM")
-            ->required(required);
-    command.add_option("--lat", moment.latitude, "Latitude, degrees, north positive")
-        ->type_name("DEGREES")
-        ->required(required);
-    command.add_option("--lon", moment.longitude, "Longitude, degrees, east positive")
-        ->type_name("DEGREES")
-        ->required(required);
-    command
-        .add_option("--north", moment.north,
-                    "Direction of north in the model, from +x towards +y (90)")
-        ->type_name("DEGREES");
-}
-
-DayAndPlace MomentTexts::understand() const {
-    DayAndPlace result = moment;
-    result.day = parseDay(date);
-    if (!time.empty())
-        result.minutes = parseTimeOfDay(time);
-    checkRange("--lat", result.latitude, -90.0, 90.0);
-    checkRange("--lon", result.longitude, -180.0, 180.0);
-    checkRange("--north", result.north, -360.0, 360.0);
-    return result;
-}
-
-void StyleTexts::addTo(CLI::App& command) {
-    command
-        .add_option("--mode", mode,
-                    "drawing (default), edges, shadow or photo; render also takes file: what the "
-                    "library draws into files, lit without shadows; raytrace: what the library "
-                    "packs for tracing rays, in one grey")
-        ->type_name("NAME");
-    command
-        .add_option("--sun", sun,
-                    "Where the sun stands, in degrees: counter-clockwise from +x seen from above, "
-                    "and above the horizon (230,42). --date, --time, --lat and --lon put it where "
-                    "it is at that moment")
-        ->type_name("AZIMUTH,ELEVATION");
-    moment.addTo(command, false, true);
-    command.add_flag("--no-shadows", noShadows, "Light without shadows in shadow and photo mode");
-    command
-        .add_option("--surfaces", surfaces,
-                    "color (default), grey or white, in shadow and photo mode")
-        ->type_name("LOOK");
-    command.add_flag("--hidden-edges", style.hiddenEdges, "Draw hidden edges dashed");
-    command.add_flag("--round-ends", style.roundEnds, "Mark the ends of edges");
-    command.add_option("--line-weight", lineWeight, "Weight of the edges, 0 to 100")
-        ->type_name("N");
-    command.add_option("--edge-opacity", edgeOpacity, "0 to 100 percent")->type_name("P");
-    command.add_option("--background", background, "Background")->type_name("RRGGBB");
-    command.add_option("--samples", library.samples, "Samples per pixel of windows, 1 to 16 (8)")
-        ->type_name("N");
+void addLibraryOptions(CLI::App& command, LibraryOptions& library) {
     command
         .add_option("--ini", library.iniPath,
                     "Configuration of the library; its log is written beside it")
         ->type_name("PATH");
 }
 
-void StyleTexts::addPhotoTo(CLI::App& command) {
+void addStyleOptions(CLI::App& command, StyleOptions& style, LibraryOptions& library,
+                     Canvas canvas) {
+    addMode(command, style, library, canvas);
+    addSun(command, style);
+    command.add_flag_callback(
+        "--no-shadows", [&style] { style.shadows = false; },
+        "Light without shadows in shadow and photo mode");
+    addText(command, "--surfaces", style.surfaces, parseSurfaces,
+            "color (default), grey or white, in shadow and photo mode")
+        ->type_name("LOOK");
+    command.add_flag("--hidden-edges", style.hiddenEdges, "Draw hidden edges dashed");
+    command.add_flag("--round-ends", style.roundEnds, "Mark the ends of edges");
+    addNumber<int>(command, "--line-weight", style.lineWeight, {0, 100},
+                   "Weight of the edges, 0 to 100")
+        ->type_name("N");
+    addNumber<int>(command, "--edge-opacity", style.edgeOpacityPercent, {0, 100},
+                   "0 to 100 percent")
+        ->type_name("P");
+    addText(command, "--background", style.background, parseColor, "Background")
+        ->type_name("RRGGBB");
+    addNumber<int>(command, "--samples", library.samples, {1, 16},
+                   "Samples per pixel of windows, 1 to 16 (8)")
+        ->type_name("N");
+    addLibraryOptions(command, library);
+}
+
+void addPhotoOptions(CLI::App& command, PhotoLook& photo, LibraryOptions& library) {
     const char* group = "Photo mode";
-    const auto number = [&](const char* name, auto& value, const char* what, const char* type) {
-        command.add_option(name, value, what)->type_name(type)->group(group);
+    const auto number = [&](const char* name, std::optional<double>& value, Range range,
+                            const char* what) {
+        addNumber<double>(command, name, value, range, what)->type_name("F")->group(group);
     };
-    number("--exposure", photo.exposure, "Brightness of the picture (0.8, inside 0.42)", "F");
-    number("--gamma", photo.gamma,
-           "Exponent of the tone curve (1, inside 0.9); below 1 lifts the dark", "F");
-    number("--saturation", photo.saturation, "Strength of the colours (1)", "F");
-    number("--ambient", photo.ambientPercent, "Light that comes from everywhere, percent", "P");
-    number("--occlusion", photo.occlusionPercent, "Darkening of corners, percent, 0 to 350", "P");
-    number("--sketch", photo.sketchPercent, "Edges drawn as if by hand, percent, 0 to 100", "P");
+    const auto percent = [&](const char* name, std::optional<int>& value, double most,
+                             const char* what) {
+        addNumber<int>(command, name, value, {0.0, most}, what)->type_name("P")->group(group);
+    };
+    number("--exposure", photo.exposure, {0.0, 100.0},
+           "Brightness of the picture (0.8, inside 0.42)");
+    number("--gamma", photo.gamma, {0.05, 20.0},
+           "Exponent of the tone curve (1, inside 0.9); below 1 lifts the dark");
+    number("--saturation", photo.saturation, {0.0, 10.0}, "Strength of the colours (1)");
+    percent("--ambient", photo.ambientPercent, 1000, "Light that comes from everywhere, percent");
+    // The library has directions for no more.
+    percent("--occlusion", photo.occlusionPercent, 350, "Darkening of corners, percent, 0 to 350");
+    percent("--sketch", photo.sketchPercent, 100, "Edges drawn as if by hand, percent, 0 to 100");
     command.add_flag("--mono", photo.monochrome, "One colour on white")->group(group);
-    command
-        .add_option("--interior", interior,
-                    "yes or no: let sunlight in through the windows alone. Without it, what the "
-                    "camera's place suggests")
+    addText(command, "--interior", photo.interior, parseInterior,
+            "yes or no: let sunlight in through the windows alone. Without it, what the "
+            "camera's place suggests")
         ->type_name("YES|NO")
         ->group(group);
-    number("--photo-samples", library.photoSamples, "Samples per pixel, 1 to 16 (4)", "N");
+    addNumber<int>(command, "--photo-samples", library.photoSamples, {1, 16},
+                   "Samples per pixel, 1 to 16 (4)")
+        ->type_name("N")
+        ->group(group);
     command.add_flag("--fxaa", library.fxaa, "Smooth the picture's edges after it is drawn")
         ->group(group);
 }
 
-void StyleTexts::understand(const CLI::App& command) {
-    understandSun(command, *this, style);
-    understandPictures(command);
-}
-
-void StyleTexts::understandPictures(const CLI::App& command) {
-    style.mode = modeOf(mode);
-    style.throughFile = mode == kFileMode;
-    style.shadows = !noShadows;
-    style.surfaces = parseSurfaces(surfaces);
-    understandPhoto(command, *this, style);
-    if (given(command, "--line-weight")) {
-        checkRange("--line-weight", lineWeight, 0, 100);
-        style.lineWeight = lineWeight;
-    }
-    if (given(command, "--edge-opacity")) {
-        checkRange("--edge-opacity", edgeOpacity, 0, 100);
-        style.edgeOpacityPercent = edgeOpacity;
-    }
-    if (given(command, "--background"))
-        style.background = parseColor(background);
-    understandLibrary(command, *this);
+const char* modeName(int32_t mode) {
+    return std::ranges::find(kModes, mode, &Mode::renderMode)->name;
 }
 
 } // namespace oglview

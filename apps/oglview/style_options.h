@@ -1,12 +1,14 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
 //
-// The part of the command line that says how a model is drawn.
+// How a model is drawn.
 #pragma once
 
-#include "oglview/options.h"
+#include "host/scene_parts.h"
+#include "oglview/drawing_view.h"
+#include "oglview/sun_moment.h"
 
-#include <string>
+#include <optional>
 
 namespace CLI {
 class App;
@@ -14,44 +16,50 @@ class App;
 
 namespace oglview {
 
-/// A day and a place as they are written.
-struct MomentTexts {
-    std::string date;
-    std::string time;
-    DayAndPlace moment; ///< its numbers
+/// What surfaces look like in shadow mode.
+enum class SurfaceLook { Colored, Grey, White };
 
-    /// Adds --date, --time (when `withTime`), --lat, --lon and --north.
-    void addTo(CLI::App& command, bool required, bool withTime);
-    /// Throws UserError.
-    DayAndPlace understand() const;
+/// Light and tone of photo mode. What is not given is chosen.
+struct PhotoLook {
+    std::optional<double> exposure;
+    std::optional<double> gamma;
+    std::optional<double> saturation;
+    std::optional<int> ambientPercent;
+    std::optional<int> occlusionPercent;
+    std::optional<int> sketchPercent; ///< none = no sketch edges
+    bool monochrome = false;
+    std::optional<bool> interior; ///< sunlight through the windows alone
 };
 
-/// What the options of a style are read into before they are understood.
-struct StyleTexts {
-    std::string mode = "drawing";
-    std::string background;
-    std::string sun;
-    std::string surfaces = "color";
-    std::string interior;
-    MomentTexts moment;
-    int lineWeight = 0;
-    int edgeOpacity = 0;
-    bool noShadows = false;
+struct StyleOptions {
+    int32_t mode = ogl::kRenderModeDrawing;
+    bool throughFile = false; ///< the library draws into a file, which is read and written anew
+    bool rayPreview = false;  ///< in mode kRenderModePhoto: what the library packs for tracing rays
+    SunPosition sun;
+    std::optional<DayAndPlace> sunMoment; ///< where `sun` comes from
     PhotoLook photo;
-    StyleOptions style;
-    LibraryOptions library;
-
-    /// How the surfaces and edges of every mode look, and how the library is configured.
-    void addTo(CLI::App& command);
-    /// Light and tone of photo mode.
-    void addPhotoTo(CLI::App& command);
-    /// Fills `style` and `library`. Throws UserError.
-    void understand(const CLI::App& command);
-    /// The same, but for where the sun stands.
-    void understandPictures(const CLI::App& command);
+    bool shadows = true; ///< in shadow and photo mode
+    SurfaceLook surfaces = SurfaceLook::Colored;
+    bool hiddenEdges = false;
+    bool roundEnds = false;
+    int lineWeight = ogl::host::DrawingStyle{}.lineWeight;
+    std::optional<int> edgeOpacityPercent;
+    std::optional<ogl::host::Color> background;
 };
 
-/// Throws UserError unless low <= value <= high. `name` names the value.
-void checkRange(const char* name, double value, double low, double high);
+/// What is drawn into decides which modes there are.
+enum class Canvas { Window, Picture };
+
+/// Adds --mode, the sun and how the surfaces and edges of every mode look. What the options are
+/// read into must stay.
+void addStyleOptions(CLI::App& command, StyleOptions& style, LibraryOptions& library,
+                     Canvas canvas);
+/// Adds light and tone of photo mode.
+void addPhotoOptions(CLI::App& command, PhotoLook& photo, LibraryOptions& library);
+/// Adds --ini.
+void addLibraryOptions(CLI::App& command, LibraryOptions& library);
+
+/// The name of a render mode, as the command line has it.
+const char* modeName(int32_t mode);
 
 } // namespace oglview

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <span>
 #include <string_view>
 
 namespace oglview {
@@ -42,16 +43,6 @@ std::string listOf(const std::vector<std::string>& names) {
     for (const std::string& name : names)
         list += (list.empty() ? "" : ", ") + name;
     return list;
-}
-
-std::vector<std::string> viewsOf(const LoadedScene& scene) {
-    std::vector<std::string> names;
-    for (const NamedView& view : scene.views)
-        names.push_back(view.name);
-    for (const std::string& name : generalViews())
-        if (std::ranges::find(names, name) == names.end())
-            names.push_back(name);
-    return names;
 }
 
 Camera ownView(LoadedScene& scene, const NamedView& view) {
@@ -124,17 +115,24 @@ void applyGiven(const LoadedScene& scene, const ViewOptions& options, Camera& ca
 
 } // namespace
 
-std::vector<std::string> generalViews() {
+std::vector<std::string> viewsOf(const LoadedScene& scene) {
+    std::vector<std::string> general{std::string(kGeneralViews[0].name), std::string(kInside)};
+    for (const GeneralView& view : std::span(kGeneralViews).subspan(1))
+        general.emplace_back(view.name);
     std::vector<std::string> names;
-    for (const GeneralView& view : kGeneralViews)
-        names.emplace_back(view.name);
-    names.insert(names.begin() + 1, std::string(kInside));
+    for (const NamedView& view : scene.views)
+        names.push_back(view.name);
+    for (const std::string& name : general)
+        if (std::ranges::find(scene.views, name, &NamedView::name) == scene.views.end())
+            names.push_back(name);
     return names;
 }
 
-Camera chooseCamera(LoadedScene& scene, const ViewOptions& options, double aspect) {
-    Camera camera = namedView(scene, options.view, aspect);
+Camera setView(LoadedScene& scene, const ViewOptions& options, const Size& size) {
+    Camera camera = namedView(scene, options.view, static_cast<double>(size.width) / size.height);
     applyGiven(scene, options, camera);
+    scene.builder.setCamera(camera);
+    scene.builder.setViewWindow(options.zoomWindow);
     return camera;
 }
 

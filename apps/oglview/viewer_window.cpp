@@ -6,7 +6,6 @@
 #include "oglview/scene_style.h"
 #include "oglview/style_keys.h"
 #include "oglview/sun_moment.h"
-#include "oglview/user_error.h"
 
 #include <algorithm>
 #include <chrono>
@@ -15,7 +14,6 @@
 namespace oglview {
 namespace {
 
-constexpr const char* kWindowClass = "OglViewWindow";
 constexpr DWORD kIdleMilliseconds = 5;
 constexpr double kLongestStep = 0.1; // seconds that one frame may move the walker
 constexpr int kClickTravel = 3;      // pixels that the pointer may move in a click
@@ -56,92 +54,56 @@ std::string ViewerWindow::help() {
     return keyText("   ");
 }
 
-ViewerWindow::ViewerWindow(const ShowOptions& options, LoadedScene& scene,
+ViewerWindow::ViewerWindow(const Size& size, const LibraryOptions& library,
+                           const StyleOptions& style, LoadedScene& scene,
                            const ogl::host::Camera& camera)
-    : scene_(scene), style_(options.style), camera_(camera, sizeOf(scene)), marks_(scene.builder) {
-    open(options.size);
-    view_ = std::make_unique<DrawingView>(window_, options.library);
-    view_->loadTextures(scene_.builder);
+    : scene_(scene), style_(style), camera_(camera, sizeOf(scene)), marks_(scene.builder),
+      window_(size, [this](UINT message, WPARAM wParam,
+                           LPARAM lParam) { return handle(message, wParam, lParam); }),
+      view_(window_.get(), library) {
+    view_.loadTextures(scene_.builder);
     scene_.builder.setMessage(keyText("\n"));
     scene_.builder.setOverlayColor(kPathColor);
     setTitle();
-    ShowWindow(window_, SW_SHOW);
-    UpdateWindow(window_);
+    window_.show();
 }
 
 ViewerWindow::~ViewerWindow() {
-    if (view_)
-        view_->releaseScene(scene_.builder);
-    view_.reset();
-    if (IsWindow(window_))
-        DestroyWindow(window_);
+    view_.releaseScene(scene_.builder);
 }
 
-void ViewerWindow::open(const Size& size) {
-    WNDCLASSA windowClass = {};
-    windowClass.style = CS_HREDRAW | CS_VREDRAW | CS_OWNDC;
-    windowClass.lpfnWndProc = windowProcedure;
-    windowClass.hInstance = GetModuleHandleA(nullptr);
-    windowClass.hCursor = LoadCursorA(nullptr, IDC_ARROW);
-    windowClass.lpszClassName = kWindowClass;
-    RegisterClassA(&windowClass);
-
-    RECT area = {0, 0, size.width, size.height};
-    AdjustWindowRect(&area, WS_OVERLAPPEDWINDOW, 0);
-    window_ = CreateWindowExA(0, kWindowClass, "oglview", WS_OVERLAPPEDWINDOW, CW_USEDEFAULT,
-                              CW_USEDEFAULT, area.right - area.left, area.bottom - area.top,
-                              nullptr, nullptr, windowClass.hInstance, nullptr);
-    if (window_ == nullptr)
-        throw UserError("cannot open a window");
-    SetWindowLongPtrA(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-}
-
-LRESULT CALLBACK ViewerWindow::windowProcedure(HWND window, UINT message, WPARAM wParam,
-                                               LPARAM lParam) {
-    auto* self = reinterpret_cast<ViewerWindow*>(GetWindowLongPtrA(window, GWLP_USERDATA));
-    return self != nullptr ? self->handle(message, wParam, lParam)
-                           : DefWindowProcA(window, message, wParam, lParam);
-}
-
-LRESULT ViewerWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
+bool ViewerWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
+    const POINT at = {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}; // of the mouse's messages
     switch (message) {
-    case WM_CLOSE:
-        open_ = false; // the window goes after the view that draws in it
-        return 0;
-    case WM_ERASEBKGND:
-        return 1;
     case WM_SIZE:
-        changed_ = true;
-        return 0;
     case WM_PAINT:
-        ValidateRect(window_, nullptr);
         changed_ = true;
-        return 0;
+        return true;
     case WM_KEYDOWN:
         keyDown(static_cast<int>(wParam));
-        return 0;
+        return true;
     case WM_KEYUP:
         keysDown_.erase(static_cast<int>(wParam));
-        return 0;
+        return true;
     case WM_LBUTTONDOWN:
     case WM_MBUTTONDOWN:
     case WM_RBUTTONDOWN:
-        mouseDown(lParam);
-        return 0;
+        mouseDown(at);
+        return true;
     case WM_LBUTTONUP:
     case WM_MBUTTONUP:
     case WM_RBUTTONUP:
-        mouseUp(message, wParam);
-        return 0;
+        mouseUp(message == WM_LBUTTONUP, (wParam & MK_CONTROL) != 0);
+        return true;
     case WM_MOUSEMOVE:
-        mouseMove(wParam, lParam);
-        return 0;
+        mouseMove(wParam, at);
+        return true;
     case WM_MOUSEWHEEL:
         camera_.zoom(static_cast<double>(GET_WHEEL_DELTA_WPARAM(wParam)) / WHEEL_DELTA);
         changed_ = true;
-        return 0;
+        return true;
     default:
-        return DefWindowProcA(window_, message, wParam, lParam);
+        return false;
     }
 }
 
@@ -149,7 +111,7 @@ void ViewerWindow::keyDown(int key) {
     keysDown_.insert(key);
     switch (key) {
     case VK_ESCAPE:
-        open_ = false;
+        window_.close();
         break;
     case VK_HOME:
         camera_.reset();
@@ -182,17 +144,17 @@ void ViewerWindow::restyle(int key) {
     setTitle();
 }
 
-void ViewerWindow::mouseDown(LPARAM lParam) {
-    pointer_ = {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
-    pressed_ = pointer_;
+void ViewerWindow::mouseDown(POINT at) {
+    pointer_ = at;
+    pressed_ = at;
     dragging_ = false;
-    SetCapture(window_);
+    SetCapture(window_.get());
 }
 
-void ViewerWindow::mouseUp(UINT message, WPARAM wParam) {
+void ViewerWindow::mouseUp(bool left, bool add) {
     ReleaseCapture();
-    if (message == WM_LBUTTONUP && !dragging_) {
-        marks_.select((wParam & MK_CONTROL) != 0);
+    if (left && !dragging_) {
+        marks_.select(add);
         setTitle();
     }
     dragging_ = false;
@@ -200,23 +162,22 @@ void ViewerWindow::mouseUp(UINT message, WPARAM wParam) {
     changed_ = true;
 }
 
-void ViewerWindow::mouseMove(WPARAM wParam, LPARAM lParam) {
-    const POINT now = {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
-    if ((wParam & (MK_LBUTTON | MK_MBUTTON | MK_RBUTTON)) == 0) {
-        pointer_ = now;
+void ViewerWindow::mouseMove(WPARAM buttons, POINT at) {
+    if ((buttons & (MK_LBUTTON | MK_MBUTTON | MK_RBUTTON)) == 0) {
+        pointer_ = at;
         pointDue_ = true;
         return;
     }
-    if (!dragging_ && std::abs(now.x - pressed_.x) <= kClickTravel &&
-        std::abs(now.y - pressed_.y) <= kClickTravel)
+    if (!dragging_ && std::abs(at.x - pressed_.x) <= kClickTravel &&
+        std::abs(at.y - pressed_.y) <= kClickTravel)
         return;
     dragging_ = true;
     marks_.hideName();
-    const double height = std::max(1, clientSize().height);
-    const double right = (now.x - pointer_.x) / height;
-    const double down = (now.y - pointer_.y) / height;
-    pointer_ = now;
-    if ((wParam & MK_LBUTTON) != 0)
+    const double height = std::max(1, window_.clientSize().height);
+    const double right = (at.x - pointer_.x) / height;
+    const double down = (at.y - pointer_.y) / height;
+    pointer_ = at;
+    if ((buttons & MK_LBUTTON) != 0)
         camera_.orbit(right, down);
     else
         camera_.pan(right, down);
@@ -231,7 +192,7 @@ void ViewerWindow::setTitle() {
         title = marks_.nameOf(first) + (more > 0 ? " and " + std::to_string(more) + " more" : "") +
                 " - " + title;
     }
-    SetWindowTextA(window_, title.c_str());
+    window_.setTitle(title);
 }
 
 /// Moves along for the keys that are held. Whether it moved.
@@ -249,74 +210,49 @@ bool ViewerWindow::walk(double seconds) {
     return true;
 }
 
-Size ViewerWindow::clientSize() const {
-    RECT client = {};
-    GetClientRect(window_, &client);
-    return {static_cast<int>(client.right), static_cast<int>(client.bottom)};
-}
-
-/// Finds out what lies under the pointer, for the camera of now.
-void ViewerWindow::pointAgain() {
+/// Keeps the marks on what lies under the pointer, once that may have changed.
+void ViewerWindow::pointAgain(bool walked) {
+    if (marks_.pointedAt() != ogl::host::kNone && !dragging_ && window_.pointerLeft()) {
+        marks_.pointAt(ogl::host::kNone, 0, 0);
+        changed_ = true;
+        return;
+    }
+    if (!pointDue_ && !walked)
+        return;
     pointDue_ = false;
-    const Size size = clientSize();
+    const Size size = window_.clientSize();
     if (dragging_ || size.width < 1 || size.height < 1)
         return;
     scene_.builder.setCamera(camera_.camera());
-    const std::vector<int> objects = pickedObjects(
-        *scene_.builder.scene(), size, static_cast<int>(pointer_.x), static_cast<int>(pointer_.y));
-    if (marks_.pointAt(objects.empty() ? ogl::host::kNone : objects.front(),
-                       static_cast<int>(pointer_.x), static_cast<int>(pointer_.y)))
+    const auto x = static_cast<int>(pointer_.x);
+    const auto y = static_cast<int>(pointer_.y);
+    const std::vector<int> objects = pickedObjects(*scene_.builder.scene(), size, x, y);
+    if (marks_.pointAt(objects.empty() ? ogl::host::kNone : objects.front(), x, y))
         changed_ = true;
 }
 
-/// The pointer is outside the window, which no message tells.
-bool ViewerWindow::pointerLeft() const {
-    POINT at = {};
-    RECT client = {};
-    return GetCursorPos(&at) && ScreenToClient(window_, &at) && GetClientRect(window_, &client) &&
-           (at.x < 0 || at.y < 0 || at.x >= client.right || at.y >= client.bottom);
-}
-
-uint32_t ViewerWindow::viewFlags() const {
-    return showKeys_ ? ogl::kViewNoSelection | ogl::kViewMessage : 0;
-}
-
 void ViewerWindow::draw() {
-    const Size size = clientSize();
+    const Size size = window_.clientSize();
     if (size.width < 1 || size.height < 1)
         return; // minimised
     ogl::host::SceneBuilder& builder = scene_.builder;
     builder.setCamera(camera_.camera());
     applyStyle(builder, style_);
-    builder.setViewFlags(viewFlags());
+    builder.setViewFlags(showKeys_ ? ogl::kViewNoSelection | ogl::kViewMessage : 0);
     builder.setHud(static_cast<uint8_t>((showPaths_ ? ogl::kHudPaths : 0) |
                                         (showStatistics_ ? ogl::kHudStatistics : 0)));
     builder.placePaths(size.width, size.height);
-    d3_DrawInWindow(view_->get(), scene_.builder.scene(), drawFlagsOf(style_), 1, nullptr, nullptr);
+    d3_DrawInWindow(view_.get(), builder.scene(), drawFlagsOf(style_), 1, nullptr, nullptr);
 }
 
 void ViewerWindow::run() {
     using Clock = std::chrono::steady_clock;
     Clock::time_point last = Clock::now();
-    while (open_ && IsWindow(window_)) {
-        MSG message = {};
-        while (open_ && PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
-            if (message.message == WM_QUIT)
-                open_ = false;
-            TranslateMessage(&message);
-            DispatchMessageA(&message);
-        }
+    while (window_.handleMessages()) {
         const Clock::time_point now = Clock::now();
         const bool walked = walk(std::chrono::duration<double>(now - last).count());
         last = now;
-        if (!open_)
-            break;
-        if (marks_.pointedAt() != ogl::host::kNone && !dragging_ && pointerLeft()) {
-            marks_.pointAt(ogl::host::kNone, 0, 0);
-            changed_ = true;
-        } else if (pointDue_ || walked) {
-            pointAgain();
-        }
+        pointAgain(walked);
         // A frame rate means something only while frames follow each other.
         if (walked || changed_ || showStatistics_) {
             changed_ = false;

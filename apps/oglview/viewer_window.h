@@ -2,14 +2,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "oglview/app_window.h"
 #include "oglview/drawing_view.h"
 #include "oglview/loaded_scene.h"
 #include "oglview/object_marks.h"
-#include "oglview/options.h"
 #include "oglview/orbit_camera.h"
-#include "platform/win32.h"
+#include "oglview/style_options.h"
 
-#include <memory>
 #include <set>
 #include <string>
 
@@ -19,7 +18,8 @@ namespace oglview {
 class ViewerWindow {
   public:
     /// Opens the window. Throws UserError when there is no display or no OpenGL.
-    ViewerWindow(const ShowOptions& options, LoadedScene& scene, const ogl::host::Camera& camera);
+    ViewerWindow(const Size& size, const LibraryOptions& library, const StyleOptions& style,
+                 LoadedScene& scene, const ogl::host::Camera& camera);
     ~ViewerWindow();
     ViewerWindow(const ViewerWindow&) = delete;
     ViewerWindow& operator=(const ViewerWindow&) = delete;
@@ -31,32 +31,22 @@ class ViewerWindow {
     static std::string help();
 
   private:
-    static LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam,
-                                            LPARAM lParam);
-    LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam);
-    void open(const Size& size);
+    bool handle(UINT message, WPARAM wParam, LPARAM lParam);
     void keyDown(int key);
-    void mouseDown(LPARAM lParam);
-    void mouseMove(WPARAM wParam, LPARAM lParam);
-    void mouseUp(UINT message, WPARAM wParam);
-    void pointAgain();
-    bool pointerLeft() const;
+    void mouseDown(POINT at);
+    void mouseMove(WPARAM buttons, POINT at);
+    void mouseUp(bool left, bool add);
+    void pointAgain(bool walked);
     void restyle(int key);
     void setTitle();
     bool walk(double seconds);
     void draw();
 
-    /// Size of the client area; nothing when there is none.
-    Size clientSize() const;
-    uint32_t viewFlags() const;
-
     LoadedScene& scene_;
     StyleOptions style_;
     OrbitCamera camera_;
-    HWND window_ = nullptr;
-    std::unique_ptr<DrawingView> view_;
-    std::set<int> keysDown_;
     ObjectMarks marks_;
+    std::set<int> keysDown_;
     POINT pointer_{};
     POINT pressed_{};       ///< where the mouse button went down
     bool dragging_ = false; ///< the pointer has left that place since
@@ -65,7 +55,8 @@ class ViewerWindow {
     bool showPaths_ = false;
     bool showStatistics_ = false;
     bool changed_ = true;
-    bool open_ = true;
+    AppWindow window_; ///< its messages may come as soon as it is open
+    DrawingView view_;
 };
 
 } // namespace oglview

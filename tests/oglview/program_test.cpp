@@ -311,20 +311,48 @@ TEST_F(Program, TellsWhatLiesUnderAPixel) {
 
 TEST_F(Program, SaysInOneLineWhatIsWrong) {
     const std::string out = folder_.file("out.png");
-    expectOneLine({"render", "palace", "-o", out}, "cannot read 'palace'");
-    expectOneLine({"render", folder_.file("no.ifc"), "-o", out}, "No such file");
-    expectOneLine({"render", "flat", "-o", out, "--size", "0x0"}, "out of range");
-    expectOneLine({"render", "flat", "-o", folder_.file("none/out.png")}, "there is no folder");
-    expectOneLine({"render", "flat", "-o", folder_.file("out.jpg")}, ".png or .bmp");
-    expectOneLine({"render", "flat", "-o", out, "--mode", "oil"}, "no mode 'oil'");
-    expectOneLine({"render", "flat", "-o", out, "--view", "attic"}, "no view 'attic'");
-    expectOneLine({"render", "flat", "-o", out, "--hide", "nothing-like-it"}, "nothing-like-it");
-    expectOneLine({"render", "flat", "-o", out, "--hide", "*", "--view", "plan"},
-                  "every object is hidden");
-    expectOneLine({"render", "flat", "-o", out, "--eye", "1,1,1", "--target", "1,1,1"},
-                  "same point");
-    expectOneLine({"render", "flat", "-o", out, "--ini", folder_.file("none.ini")}, "none.ini");
-    expectOneLine({}, "subcommand");
+    const std::vector<std::string> day = {"--date", "2025-02-28", "--lat", "50", "--lon", "10"};
+    const struct Row {
+        std::vector<std::string> arguments;
+        std::string says;
+        bool drawsIntoOut = false;
+        bool ofDay = false;
+    } rows[] = {
+        {{}, "subcommand"},
+        {{"paint"}, "subcommand"},
+        {{"render", "flat"}, "--output is required"},
+        {{"render", "palace"}, "cannot read 'palace'", true},
+        {{"render", folder_.file("no.ifc")}, "No such file", true},
+        {{"render", "flat", "--size", "0x0"}, "out of range", true},
+        {{"render", "flat", "--antialias", "5"}, "--antialias takes 1 to 4", true},
+        {{"render", "flat", "-o", folder_.file("none/out.png")}, "there is no folder"},
+        {{"render", "flat", "-o", folder_.file("out.jpg")}, ".png or .bmp"},
+        {{"render", "flat", "--mode", "oil"}, "no mode 'oil'", true},
+        {{"render", "flat", "--view", "attic"},
+         "no view 'attic'; views are: outside, inside",
+         true},
+        {{"render", "flat", "--hide", "nothing-like-it"}, "nothing-like-it", true},
+        {{"render", "flat", "--hide", "*", "--view", "plan"}, "every object is hidden", true},
+        {{"render", "flat", "--eye", "1,1,1", "--target", "1,1,1"}, "same point", true},
+        {{"render", "flat", "--ini", folder_.file("none.ini")}, "none.ini", true},
+        {{"show", "flat", "--size", "20000x100"}, "--size takes 1 to 16384"},
+        {{"show", "flat"}, "out.png", true},
+        {{"sun"}, "--time is required", false, true},
+        {{"sunstudy", "flat", "--from", "12:00", "--to", "11:00"}, "--to is earlier", true, true},
+        {{"sunstudy", "flat", "--from", "12:00", "--to", "13:00", "--step", "0"},
+         "--step takes 1 to 1440",
+         true,
+         true},
+        {{"export", "flat", folder_.file("scene.js")}, "Sessions"},
+    };
+    for (const Row& row : rows) {
+        std::vector<std::string> arguments = row.arguments;
+        if (row.drawsIntoOut)
+            arguments.insert(arguments.end(), {"-o", out});
+        if (row.ofDay)
+            arguments.insert(arguments.end(), day.begin(), day.end());
+        expectOneLine(arguments, row.says);
+    }
     EXPECT_FALSE(std::filesystem::exists(out));
     if (!ogl::test::programReadsModels())
         return;
@@ -334,6 +362,41 @@ TEST_F(Program, SaysInOneLineWhatIsWrong) {
     expectOneLine(
         {"render", folder_.file("cube.obj"), "-o", out, "--view", "inside", "--unit", "cm"},
         "no room to look around in");
+}
+
+TEST_F(Program, EverySubcommandHasHelp) {
+    const ProcessResult all = run({"--help"});
+    EXPECT_EQ(all.exitCode, 0);
+    for (const char* name :
+         {"render", "show", "export", "serve", "info", "pick", "sun", "sunstudy"}) {
+        EXPECT_NE(all.output.find("\n  " + std::string(name) + " "), std::string::npos) << name;
+        const ProcessResult help = run({name, "--help"});
+        EXPECT_EQ(help.exitCode, 0) << name;
+        EXPECT_NE(help.output.find("Usage: oglview " + std::string(name)), std::string::npos)
+            << help.output;
+    }
+}
+
+// Pictures of a morning: one each hour, each with the sun of its time.
+TEST_F(Program, DrawsTheHoursOfADay) {
+    const ProcessResult result = run({"sunstudy", "flat", "-o", folder_.file("day.png"), "--date",
+                                      "2025-03-20", "--lat", "50", "--lon", "0", "--from", "04:00",
+                                      "--to", "09:59", "--step", "300", "--size", "96x64"});
+    ASSERT_EQ(result.exitCode, 0) << result.output;
+    EXPECT_NE(result.output.find("day-01.png  04:00  sun"), std::string::npos) << result.output;
+    EXPECT_NE(result.output.find("below the horizon"), std::string::npos) << result.output;
+    EXPECT_NE(result.output.find("day-02.png  09:00  sun"), std::string::npos) << result.output;
+    EXPECT_NE(result.output.find("above the horizon"), std::string::npos) << result.output;
+    const auto brightness = [&](const char* name) {
+        const Image image = readImage(folder_.file(name));
+        EXPECT_EQ(image.width, 96);
+        int sum = 0;
+        for (const uint8_t value : image.pixels)
+            sum += value;
+        return sum;
+    };
+    EXPECT_GT(brightness("day-02.png"), brightness("day-01.png"));
+    EXPECT_FALSE(std::filesystem::exists(folder_.file("day-03.png")));
 }
 
 } // namespace

@@ -62,9 +62,4 @@ TEST(RayCaster, AgreesWithLookingAtEveryTriangle) {
     EXPECT_GT(hits, 50);
 }
 
-TEST(RayCaster, HasNoHitsWithoutTriangles) {
-    const TriangleCorners none;
-    EXPECT_EQ(RayCaster(none).firstHit({0, 0, 0}, {1, 0, 0}, 5.0), 5.0);
-}
-
 } // namespace

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The ogl authors
 // SPDX-License-Identifier: MIT
-#include "oglview/system.h"
+#include "oglview/progress.h"
 
 #include <unistd.h>
 
