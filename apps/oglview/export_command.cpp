@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ogl/ogl.h"
 #include "oglview/add_option.h"
+#include "oglview/image_file.h"
 #include "oglview/loaded_scene.h"
 #include "oglview/subcommand.h"
 #include "oglview/texture_picture.h"

@@ -96,7 +96,7 @@ void writePicture(const std::string& path, const Picture& picture) {
     writeWholeFile(path, bytes);
 }
 
-void writePng(const std::string& path, const ColorImage& image) {
+void writePng(const std::string& path, const ogl::host::DecodedImage& image) {
     Bytes file;
     if (!stbi_write_png_to_func(appendBytes, &file, image.width, image.height, 4,
                                 image.pixels.data(), image.width * 4))

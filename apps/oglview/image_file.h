@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "host/import/image_decoder.h"
+
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -18,13 +20,6 @@ struct Picture {
     size_t rowBytes() const { return (static_cast<size_t>(width) * 3 + 3) / 4 * 4; }
 };
 
-/// A picture with red, green, blue and alpha, its top row first.
-struct ColorImage {
-    int width = 0;
-    int height = 0;
-    std::vector<uint8_t> pixels;
-};
-
 /// Throws UserError unless `path` ends in .png or .bmp and lies in a folder that exists.
 void checkPictureName(const std::string& path);
 
@@ -33,7 +28,7 @@ void checkPictureName(const std::string& path);
 void writePicture(const std::string& path, const Picture& picture);
 
 /// Writes the image as PNG, in the same way.
-void writePng(const std::string& path, const ColorImage& image);
+void writePng(const std::string& path, const ogl::host::DecodedImage& image);
 
 /// Writes a file that appears complete or not at all. Throws UserError when it cannot be written.
 void writeWholeFile(const std::string& path, const std::vector<uint8_t>& bytes);

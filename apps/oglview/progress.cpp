@@ -2,11 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "oglview/progress.h"
 
+#include <unistd.h>
+
 #include <cstdio>
 
 namespace oglview {
 
-Progress::Progress(bool wanted) : shown_(wanted || errorOutputIsTerminal()) {}
+Progress::Progress(bool wanted) : shown_(wanted || isatty(STDERR_FILENO) != 0) {}
 
 void Progress::step(const std::string& what) const {
     if (shown_)

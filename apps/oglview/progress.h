@@ -6,10 +6,9 @@
 
 namespace oglview {
 
-/// Says on standard error what takes long, when somebody wants to know.
+/// Says on standard error what takes long, when it is a terminal or somebody wants to know.
 class Progress {
   public:
-    /// `wanted`: even where nobody looks at a terminal.
     explicit Progress(bool wanted);
     bool shown() const { return shown_; }
     void step(const std::string& what) const;
@@ -17,8 +16,5 @@ class Progress {
   private:
     bool shown_;
 };
-
-/// Whether standard error is a terminal that a person looks at.
-bool errorOutputIsTerminal();
 
 } // namespace oglview

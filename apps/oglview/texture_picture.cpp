@@ -2,14 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "oglview/texture_picture.h"
 
-#include "oglview/tga_decoder.h"
-
 #include <algorithm>
 #include <cstring>
 
 namespace oglview {
 namespace {
 
+using ogl::host::DecodedImage;
 using ogl::host::Texture;
 using ogl::host::TextureFile;
 using ogl::host::TextureFileType;
@@ -18,7 +17,7 @@ using ogl::host::TextureUsage;
 constexpr size_t kDibHeaderBytes = 40;
 
 /// The rows of a DIB lie bottom row first, blue first, padded to 4 bytes.
-std::optional<ColorImage> decodeDib(const TextureFile& file) {
+std::optional<DecodedImage> decodeDib(const TextureFile& file) {
     const auto width = static_cast<size_t>(std::max(file.width, 0));
     const auto height = static_cast<size_t>(std::max(file.height, 0));
     const size_t channels = static_cast<size_t>(std::max(file.bitsPerPixel, 0)) / 8;
@@ -26,7 +25,7 @@ std::optional<ColorImage> decodeDib(const TextureFile& file) {
     if (width == 0 || height == 0 || (channels != 1 && channels != 3 && channels != 4) ||
         file.bytes.size() < kDibHeaderBytes + stride * height)
         return std::nullopt;
-    ColorImage image{file.width, file.height, {}};
+    DecodedImage image{file.width, file.height, {}};
     image.pixels.reserve(width * height * 4);
     for (size_t y = height; y-- > 0;) {
         const uint8_t* pixel = file.bytes.data() + kDibHeaderBytes + y * stride;
@@ -40,8 +39,13 @@ std::optional<ColorImage> decodeDib(const TextureFile& file) {
     return image;
 }
 
-std::optional<ColorImage> decode(const TextureFile& file) {
-    return file.type == TextureFileType::Dib ? decodeDib(file) : decodeTga(file.bytes);
+std::optional<DecodedImage> decode(const TextureFile& file) {
+    if (file.type == TextureFileType::Dib)
+        return decodeDib(file);
+    DecodedImage image;
+    if (!decodeImage(file.bytes, image).empty())
+        return std::nullopt;
+    return image;
 }
 
 const TextureFile* fileOf(const Texture& texture, TextureUsage usage) {
@@ -50,7 +54,7 @@ const TextureFile* fileOf(const Texture& texture, TextureUsage usage) {
 }
 
 /// Replaces the image's alpha by the mask's red.
-void applyMask(ColorImage& image, const ColorImage& mask) {
+void applyMask(DecodedImage& image, const DecodedImage& mask) {
     const auto at = [&mask](int x, int y) {
         return mask.pixels[(static_cast<size_t>(y) * static_cast<size_t>(mask.width) +
                             static_cast<size_t>(x)) *
@@ -64,7 +68,7 @@ void applyMask(ColorImage& image, const ColorImage& mask) {
 
 } // namespace
 
-std::optional<ColorImage> texturePicture(const Texture& texture) {
+std::optional<DecodedImage> texturePicture(const Texture& texture) {
     const TextureFile* color = fileOf(texture, TextureUsage::Color);
     if (color == nullptr)
         color = fileOf(texture, TextureUsage::AlternativeColor);
