@@ -16,6 +16,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
+#include <sstream>
 #include <vector>
 
 namespace {
@@ -283,30 +284,69 @@ TEST_F(Program, TellsWhatIsInAModel) {
 }
 
 TEST_F(Program, TellsWhatLiesUnderAPixel) {
-    // Straight up there is nothing; straight down the floor, below the ceiling and what stands
-    // there.
-    const std::vector<std::string> sky = {"pick",   "flat",    "50",       "50",
-                                          "--size", "100x100", "--camera", "2,2,50,2,2,90"};
-    EXPECT_EQ(run(sky).output, "nothing\n");
-    std::vector<std::string> json = sky;
-    json.emplace_back("--json");
-    EXPECT_EQ(run(json).output, "{\"x\":50,\"y\":50,\"objects\":[]}\n");
+    const auto picked = [&](std::vector<std::string> arguments, const std::string& more) {
+        arguments.insert(arguments.begin(), "pick");
+        arguments.insert(arguments.end(), {"--size", "100x100"});
+        std::istringstream words(more);
+        for (std::string word; words >> word;)
+            arguments.push_back(word);
+        return run(arguments).output;
+    };
+    // Straight up there is nothing; a plan is without the roof.
+    const std::string sky = "--camera 2,2,50,2,2,90";
+    EXPECT_EQ(picked({"flat", "50", "50"}, sky), "nothing\n");
+    EXPECT_EQ(picked({"flat", "50", "50"}, sky + " --json"),
+              "{\"x\":50,\"y\":50,\"objects\":[]}\n");
+    const std::string plan = picked({"flat", "50", "50"}, "--view plan");
+    EXPECT_NE(plan.find("floor"), std::string::npos) << plan;
+    EXPECT_EQ(plan.find("roof"), std::string::npos) << plan;
     if (!ogl::test::programReadsModels())
         return;
+    // Two triangles, 4 m high and upright to their right, 20 and 22 m away: 7 m are 100 pixels.
     ogl::test::writeFile(folder_.file("two.obj"),
                          "o near\"one\"\nv 0 0 0\nv 4 0 0\nv 4 4 0\nf 1 2 3\n"
                          "o far\nv 0 0 -2\nv 4 0 -2\nv 4 4 -2\nf 4 5 6\n");
-    const std::vector<std::string> both = {
-        "pick",     folder_.file("two.obj"), "60",    "50", "--size", "100x100",
-        "--camera", "2.5,-20,2,2.5,0,2",     "--fov", "20", "--unit", "m"};
-    const ProcessResult picked = run(both);
-    EXPECT_EQ(picked.exitCode, 0);
-    EXPECT_EQ(picked.output, "     0  near\"one\"\n     1  far\n");
-    json = both;
-    json.emplace_back("--json");
-    EXPECT_EQ(run(json).output, "{\"x\":60,\"y\":50,\"objects\":["
-                                "{\"number\":0,\"name\":\"near\\\"one\\\"\"},"
-                                "{\"number\":1,\"name\":\"far\"}]}\n");
+    const std::string both = "     0  near\"one\"\n     1  far\n";
+    const struct Row {
+        const char* y;
+        const char* more;
+        std::string output;
+    } rows[] = {
+        {"70", "", both},
+        {"70", "--only near*", "     0  near\"one\"\n"},
+        {"70", "--hide NEAR*", "     1  far\n"},
+        {"29", "", "nothing\n"},
+        {"29", "--zoom-window 0,-0.2,0.5,0.5", both},
+        {"70", "--zoom-window 0,-0.2,0.5,0.5", "nothing\n"},
+        {"70", "--json",
+         "{\"x\":60,\"y\":70,\"objects\":[{\"number\":0,\"name\":\"near\\\"one\\\"\"},"
+         "{\"number\":1,\"name\":\"far\"}]}\n"},
+    };
+    for (const Row& row : rows)
+        EXPECT_EQ(picked({folder_.file("two.obj"), "60", row.y},
+                         "--camera 2.5,-20,2,2.5,0,2 --fov 20 --unit m " + std::string(row.more)),
+                  row.output)
+            << row.y << " " << row.more;
+}
+
+// Without a word about it, light comes through the windows alone where the camera stands inside;
+// what is seen through them is the program's own, unless the library's configuration is the user's.
+TEST_F(Program, LightsPhotosByWhereTheCameraStands) {
+    ogl::test::writeFile(folder_.file("same.ini"),
+                         "[OpenGL]\nnumAASamplesDrawing=8\nnumAASamplesPhoto=4\n");
+    const auto pixels = [&](const std::string& view, const std::vector<std::string>& more) {
+        std::vector<std::string> arguments{"render", "flat",  "-o",     folder_.file("photo.png"),
+                                           "--mode", "photo", "--size", "48x32",
+                                           "--view", view};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        const ProcessResult result = run(arguments);
+        EXPECT_EQ(result.exitCode, 0) << result.output;
+        return readImage(folder_.file("photo.png")).pixels;
+    };
+    const auto inside = pixels("living", {});
+    EXPECT_NE(inside, pixels("living", {"--interior", "no"}));
+    EXPECT_NE(inside, pixels("living", {"--ini", folder_.file("same.ini")}));
+    EXPECT_EQ(pixels("street", {}), pixels("street", {"--interior", "no"}));
 }
 
 TEST_F(Program, SaysInOneLineWhatIsWrong) {
