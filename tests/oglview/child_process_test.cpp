@@ -36,32 +36,6 @@ TEST(ChildProcess, HandsBackItsOutputFileAndKeepsItsChatterAway) {
     EXPECT_EQ(textOf(child.output), expected);
 }
 
-TEST(ChildProcess, TellsHowItEnded) {
-    struct Row {
-        const char* what;
-        ChildResult::End end;
-        int exitCode; ///< of an exit
-    };
-    const Row rows[] = {{"exit", ChildResult::End::Exited, 7},
-                        {"crash", ChildResult::End::Crashed, 0},
-                        {"abort", ChildResult::End::Crashed, 0}};
-    for (const Row& row : rows) {
-        const ChildResult child = runChild(misbehavingChild(), {row.what});
-        EXPECT_EQ(child.end, row.end) << row.what << ": " << child.detail;
-        if (row.end == ChildResult::End::Exited)
-            EXPECT_EQ(child.exitCode, row.exitCode);
-        else
-            EXPECT_NE(child.detail, "") << row.what;
-    }
-}
-
-TEST(ChildProcess, SaysWhyItCannotBeStarted) {
-    const ogl::test::TempFolder folder;
-    const ChildResult child = runChild(folder.file("no-such-program"), {});
-    EXPECT_EQ(child.end, ChildResult::End::NotStarted);
-    EXPECT_NE(child.detail, "");
-}
-
 TEST(ImportModel, OneLineForEveryWayInWhichTheImporterFails) {
     // In place of the importer runs a program that does what the file's name says.
     const ogl::test::TempFolder folder;

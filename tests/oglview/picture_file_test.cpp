@@ -77,14 +77,4 @@ TEST(PictureFile, LeavesNothingHalfWritten) {
     EXPECT_THROW(writePicture(folder.file("no/such/folder.png"), source.picture), UserError);
 }
 
-TEST(PictureFile, ChecksNamesBeforeAnyWork) {
-    const TempFolder folder;
-    EXPECT_NO_THROW(checkPictureName(folder.file("a.png")));
-    EXPECT_NO_THROW(checkPictureName(folder.file("a.BMP")));
-    EXPECT_NO_THROW(checkPictureName("plain.png"));
-    for (const char* name : {"a.jpg", "a", "png", "a.png.txt"})
-        EXPECT_THROW(checkPictureName(folder.file(name)), UserError) << name;
-    EXPECT_THROW(checkPictureName(folder.file("none/a.png")), UserError);
-}
-
 } // namespace
