@@ -197,11 +197,11 @@ TEST_F(RayKernelTest, RaysMeetTheTrianglesThatTheyShould) {
         int windowCenterX, windowCenterY, windowSize;
         int width, height;
     } rows[] = {
-        {"from above", {0, 0, 40}, {0, 0, 0}, 0, 0, 0, 64, 64},
-        {"from the side", {30, -14, 6}, {0, 0, 0}, 0, 0, 0, 64, 40},
-        {"from within", {1, 2, 3}, {4, -7, 2}, 0, 0, 0, 40, 64},
-        {"zoom window", {0, -40, 10}, {0, 0, 0}, 5000, -2500, 9000, 64, 48},
-        {"along an axis", {0, 40, 0}, {0, 0, 0}, 0, 0, 0, 64, 64},
+        {"from above", {0, 0, 40}, {0, 0, 0}, 0, 0, 0, 40, 40},
+        {"from the side", {30, -14, 6}, {0, 0, 0}, 0, 0, 0, 40, 24},
+        {"from within", {1, 2, 3}, {4, -7, 2}, 0, 0, 0, 24, 40},
+        {"zoom window", {0, -40, 10}, {0, 0, 0}, 5000, -2500, 9000, 40, 30},
+        {"along an axis", {0, 40, 0}, {0, 0, 0}, 0, 0, 0, 32, 32},
     };
     for (const Row& row : rows) {
         scene_->look(row.eye, row.target, 1.0);
