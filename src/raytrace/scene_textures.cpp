@@ -106,12 +106,12 @@ bool SceneTextures::upload(const PackedScene& packed) {
     glActiveTexture(GL_TEXTURE0);
     glEnable(GL_TEXTURE_RECTANGLE);
     glPixelStorei(GL_UNPACK_ALIGNMENT, 4);
-    const bool done = make(vertices, texelsOf(packed.vertices), sides.vertices) &&
-                      make(normals, texelsOf(packed.normals), sides.vertices) &&
-                      make(uvs, texelsOf(packed.uvs), sides.vertices) &&
-                      make(materials, texelsOf(packed.materialRecords), sides.materials) &&
-                      make(cells, texelsOf(asFloats(packed.gridCells)), sides.cells) &&
-                      make(bounds, texelsOf(asFloats(packed.objectBounds)), sides.bounds);
+    const bool done = make(vertsTex, texelsOf(packed.vertices), sides.vertTexRes) &&
+                      make(normalsTex, texelsOf(packed.normals), sides.vertTexRes) &&
+                      make(uvsTex, texelsOf(packed.uvs), sides.vertTexRes) &&
+                      make(materialsTex, texelsOf(packed.materialRecords), sides.materialsTexRes) &&
+                      make(gridsTex, texelsOf(asFloats(packed.gridCells)), sides.gridsTexRes) &&
+                      make(boundsTex, texelsOf(asFloats(packed.objectBounds)), sides.boundsTexRes);
     glBindTexture(GL_TEXTURE_RECTANGLE, 0);
     resetTextureUnit(0);
     if (!done)
@@ -120,7 +120,8 @@ bool SceneTextures::upload(const PackedScene& packed) {
 }
 
 void SceneTextures::release() {
-    for (GLTexture* texture : {&vertices, &normals, &uvs, &materials, &cells, &bounds})
+    for (GLTexture* texture :
+         {&vertsTex, &normalsTex, &uvsTex, &materialsTex, &gridsTex, &boundsTex})
         texture->reset();
 }
 

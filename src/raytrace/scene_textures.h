@@ -14,12 +14,12 @@ int largestTextureSide();
 /// A packed scene in six rectangle textures of four floats a texel. Texel k lies in column
 /// k mod side and row k / side; texels past the data are zero.
 struct SceneTextures {
-    GLTexture vertices;
-    GLTexture normals;
-    GLTexture uvs;
-    GLTexture materials;
-    GLTexture cells;  ///< min and first triangle, max and number of triangles
-    GLTexture bounds; ///< min and first cell, max and number of cells
+    GLTexture vertsTex;
+    GLTexture normalsTex;
+    GLTexture uvsTex;
+    GLTexture materialsTex;
+    GLTexture gridsTex;  ///< min and first triangle, max and number of triangles
+    GLTexture boundsTex; ///< min and first cell, max and number of cells
     TextureSides sides{1, 16, 2, 2};
 
     /// Fills new textures. False, and there are none, when the driver has no memory for them.

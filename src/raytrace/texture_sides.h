@@ -10,10 +10,10 @@ namespace ogl {
 
 /// Sides of the square textures that hold a packed scene, texels.
 struct TextureSides {
-    int vertices;  ///< positions, normals and texture coordinates, one texel a vertex
-    int materials; ///< two texels a record
-    int cells;     ///< two texels a cell
-    int bounds;    ///< two texels a box
+    int vertTexRes;      ///< positions, normals and texture coordinates, one texel a vertex
+    int materialsTexRes; ///< two texels a record
+    int gridsTexRes;     ///< two texels a cell
+    int boundsTexRes;    ///< two texels a box
 };
 
 TextureSides textureSides(const PackedScene& packed);

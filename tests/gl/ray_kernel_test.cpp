@@ -26,16 +26,16 @@ void bindRectangle(const ShaderProgram& program, const char* sampler, int unit, 
 }
 
 void bindScene(const ShaderProgram& program, const SceneTextures& textures) {
-    bindRectangle(program, "vertsTex", 0, textures.vertices.name());
-    bindRectangle(program, "normalsTex", 1, textures.normals.name());
-    bindRectangle(program, "uvsTex", 2, textures.uvs.name());
-    bindRectangle(program, "materialsTex", 3, textures.materials.name());
-    bindRectangle(program, "boundsTex", 4, textures.bounds.name());
-    bindRectangle(program, "gridsTex", 5, textures.cells.name());
-    program.setInt("vertTexRes", textures.sides.vertices);
-    program.setInt("materialsTexRes", textures.sides.materials);
-    program.setInt("boundsTexRes", textures.sides.bounds);
-    program.setInt("gridsTexRes", textures.sides.cells);
+    bindRectangle(program, "vertsTex", 0, textures.vertsTex.name());
+    bindRectangle(program, "normalsTex", 1, textures.normalsTex.name());
+    bindRectangle(program, "uvsTex", 2, textures.uvsTex.name());
+    bindRectangle(program, "materialsTex", 3, textures.materialsTex.name());
+    bindRectangle(program, "boundsTex", 4, textures.boundsTex.name());
+    bindRectangle(program, "gridsTex", 5, textures.gridsTex.name());
+    program.setInt("vertTexRes", textures.sides.vertTexRes);
+    program.setInt("materialsTexRes", textures.sides.materialsTexRes);
+    program.setInt("boundsTexRes", textures.sides.boundsTexRes);
+    program.setInt("gridsTexRes", textures.sides.gridsTexRes);
 }
 
 void setKernelInputs(const RayTraceRenderer& renderer, const KernelSample& sample) {

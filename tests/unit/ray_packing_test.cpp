@@ -273,7 +273,7 @@ TEST(RayPacking, TextureSides) {
         packed.gridCells.resize(cells);
         packed.objectBounds.resize(boxes);
         const TextureSides s = textureSides(packed);
-        return std::array<int, 4>{s.vertices, s.materials, s.cells, s.bounds};
+        return std::array<int, 4>{s.vertTexRes, s.materialsTexRes, s.gridsTexRes, s.boundsTexRes};
     };
     using Sides = std::array<int, 4>;
     EXPECT_EQ(sides(0, 0, 0, 0), (Sides{1, 16, 2, 2}));
@@ -298,7 +298,7 @@ TEST(RayPacking, RefusesWhatDoesNotFitIntoTheTextures) {
         EXPECT_EQ(packed.triangleCount(), fits ? 362 : 0);
         EXPECT_EQ(packed.materialRecords.empty(), !fits);
         if (fits) {
-            EXPECT_EQ(textureSides(packed).vertices, 33);
+            EXPECT_EQ(textureSides(packed).vertTexRes, 33);
         }
     }
     // Records and boxes of 127 objects fit, of 128 not.
