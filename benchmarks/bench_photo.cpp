@@ -54,11 +54,11 @@ void setLook(SCENE& scene, bool full) {
 std::unique_ptr<DeferredRenderer> makeRenderer(HiddenView& view, SCENE& scene, int width,
                                                int height) {
     auto renderer = std::make_unique<DeferredRenderer>(view.context());
-    renderer->drawFlags = kDrawFullQuality | kDrawShadows | kDrawInlineTextures;
+    renderer->choices.drawFlags = kDrawFullQuality | kDrawShadows | kDrawInlineTextures;
     renderer->scene = &scene;
     renderer->resetGLState();
     renderer->createResources();
-    renderer->textureMode = kTexturesAll;
+    renderer->choices.textureMode = TextureMode::All;
     renderer->setSize(width, height);
     renderer->setupCamera(scene);
     return renderer;

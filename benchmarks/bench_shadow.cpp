@@ -37,13 +37,13 @@ class OpenShadowRenderer : public ShadowRenderer {
 
 std::unique_ptr<OpenShadowRenderer> makeRenderer(HiddenView& view, SCENE& scene) {
     auto renderer = std::make_unique<OpenShadowRenderer>(view.context());
-    renderer->drawFlags = kDrawFullQuality | kDrawShadows | kDrawInlineTextures;
+    renderer->choices.drawFlags = kDrawFullQuality | kDrawShadows | kDrawInlineTextures;
     renderer->scene = &scene;
     renderer->resetGLState();
     renderer->createResources();
-    renderer->textureMode = kTexturesAll;
-    renderer->drawFaces = 1;
-    renderer->singleColorEdges = 1;
+    renderer->choices.textureMode = TextureMode::All;
+    renderer->choices.drawFaces = true;
+    renderer->choices.singleColorEdges = true;
     renderer->setSize(kWidth, kHeight);
     renderer->setupCamera(scene);
     return renderer;

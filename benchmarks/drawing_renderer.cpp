@@ -12,11 +12,11 @@ std::unique_ptr<FixedRenderer> makeDrawingRenderer(HiddenView& view, int width, 
     renderer->resetGLState();
     renderer->createResources();
     renderer->scene = &scene;
-    renderer->drawFlags = kDrawFullQuality;
-    renderer->textureMode = kTexturesSharedOnly;
-    renderer->colorMode = kColorsWhite;
-    renderer->drawFaces = 1;
-    renderer->singleColorEdges = 1;
+    renderer->choices.drawFlags = kDrawFullQuality;
+    renderer->choices.textureMode = TextureMode::SharedOnly;
+    renderer->choices.colorMode = ColorMode::White;
+    renderer->choices.drawFaces = true;
+    renderer->choices.singleColorEdges = true;
     renderer->setSize(width, height);
     renderer->setupCamera(scene);
     return renderer;

@@ -55,50 +55,6 @@ std::unique_ptr<Renderer> makeRenderer(RenderContext& context, int mode) {
     }
 }
 
-/// The per-call fields that modes 7 and 8 share.
-void setPhotoFields(Renderer& renderer, const SCENE& scene, uint32_t drawFlags) {
-    const uint32_t options = scene.photoOptions;
-    renderer.drawFaces = 1;
-    renderer.edgeMode = (options & kOptionHiddenEdges) != 0 ? kEdgesHiddenToo : kEdgesVisible;
-    renderer.singleColorEdges = (options & kOptionSingleColorEdges) != 0;
-    renderer.roundEdgeEnds = (options & kOptionRoundEdgeEnds) != 0;
-    renderer.colorMode = kColorsOfMaterials;
-    renderer.textureMode = kTexturesSharedOnly;
-    if ((drawFlags & kDrawFullQuality) == 0) {
-        renderer.colorMode = kColorsWhite;
-        return;
-    }
-    if ((drawFlags & kDrawGrey) != 0)
-        renderer.colorMode = kColorsGrey;
-    if ((drawFlags & kDrawInlineTextures) != 0)
-        renderer.textureMode = kTexturesAll;
-}
-
-void setDrawingFields(Renderer& renderer, const SCENE& scene) {
-    const uint32_t options = scene.drawingOptions;
-    renderer.textureMode = kTexturesSharedOnly;
-    renderer.drawFaces = 1;
-    renderer.edgeMode = (options & kOptionHiddenEdges) != 0 ? kEdgesHiddenToo : kEdgesVisible;
-    renderer.singleColorEdges = 1;
-    renderer.roundEdgeEnds = (options & kOptionRoundEdgeEnds) != 0;
-    renderer.colorMode = kColorsWhite;
-    renderer.useLighting = 0;
-}
-
-void setEdgeFields(Renderer& renderer) {
-    renderer.textureMode = kTexturesNone;
-    renderer.drawFaces = 0;
-    renderer.roundEdgeEnds = 0;
-}
-
-void setFileFields(Renderer& renderer) {
-    renderer.edgeMode = kEdgesNone;
-    renderer.drawFaces = 0;
-    renderer.colorMode = kColorsOfMaterials;
-    renderer.useLighting = 1;
-    renderer.textureMode = kTexturesAll;
-}
-
 /// Puts a renderer for the mode in the place of the process's one. The surface is current. Null,
 /// with no renderer left, when none can be made.
 Renderer* replaceRenderer(RenderContext& context, GLSurface& surface, SCENE& scene,
@@ -112,7 +68,7 @@ Renderer* replaceRenderer(RenderContext& context, GLSurface& surface, SCENE& sce
     if (made == nullptr)
         return nullptr;
     made->scene = &scene;
-    made->drawFlags = drawFlags;
+    made->choices.drawFlags = drawFlags;
     made->resetGLState();
     made->createResources();
     surface.stateReset = true;
@@ -152,24 +108,7 @@ Renderer* selectRenderer(RenderContext& context, SCENE& scene, uint32_t drawFlag
     if (selected == nullptr)
         return nullptr;
     selected->scene = &scene;
-    selected->drawFlags = drawFlags;
-    switch (mode) {
-    case kRenderModeShadow:
-        setPhotoFields(*selected, scene, drawFlags);
-        selected->useLighting = 1;
-        break;
-    case kRenderModePhoto:
-        setPhotoFields(*selected, scene, drawFlags);
-        break;
-    case kRenderModeDrawing:
-        setDrawingFields(*selected, scene);
-        break;
-    case kRenderModeEdges:
-        setEdgeFields(*selected);
-        break;
-    default: // keeps the fields of the call before
-        break;
-    }
+    selected->choices = choicesFor(scene, drawFlags, selected->choices);
     return selected;
 }
 
@@ -184,8 +123,7 @@ Renderer* selectFileRenderer(RenderContext& context, SCENE& scene, uint32_t draw
     if (selected == nullptr)
         return nullptr;
     selected->scene = &scene;
-    selected->drawFlags = drawFlags;
-    setFileFields(*selected);
+    selected->choices = choicesForFile(drawFlags, selected->choices);
     return selected;
 }
 

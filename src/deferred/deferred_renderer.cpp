@@ -82,7 +82,7 @@ int DeferredRenderer::drawToWindow(const GLSurface& surface) {
     updateLights();
     drawFrame(surface.isSecondary == 1 ? 1 : 0, width, height, settings->useFXAA == 1);
     drawFrameOverlays(*this, surface);
-    drawFlags &= ~kDrawOnce;
+    choices.drawFlags &= ~kDrawOnce;
     return 1;
 }
 
@@ -134,7 +134,7 @@ void DeferredRenderer::updateLights() {
     LitScene& lit = kept();
     if (updateSun(lit.sun, *scene, sceneBounds, *errorLog))
         lit.shadowsDirty = true;
-    if ((drawFlags & kDrawShadows) != 0)
+    if ((choices.drawFlags & kDrawShadows) != 0)
         renderShadowMaps();
 }
 
@@ -164,9 +164,10 @@ void DeferredRenderer::drawFrame(int set, int frameWidth, int frameHeight, bool 
                           frameHeight,     std::max(targets.gBuffer->samples(), 1),
                           camera.position, partOf(camera)};
     const LitScene& lit = kept();
-    const FrameLights lights{lit.sun.get(),
-                             lit.lamps,
-                             {(drawFlags & kDrawShadows) != 0, jitterTexture_, shadowSamples_}};
+    const FrameLights lights{
+        lit.sun.get(),
+        lit.lamps,
+        {(choices.drawFlags & kDrawShadows) != 0, jitterTexture_, shadowSamples_}};
     FramePasses{*this,        lit.batches.meshes(),  programs, frame,    lights, seeds_,
                 environment_, [this] { drawSky(); }, fxaa,     passDrawn}
         .draw();

@@ -127,7 +127,7 @@ int RayTraceRenderer::drawToWindow(const GLSurface& surface) {
     rayCamera_ = ogl::rayCamera(*scene, width, height);
     drawPreview();
     drawOverlays(*this, surface);
-    drawFlags &= ~kDrawOnce;
+    choices.drawFlags &= ~kDrawOnce;
     return 1;
 }
 

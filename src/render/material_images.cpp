@@ -6,12 +6,13 @@
 
 namespace ogl {
 
-MaterialImages materialImages(const MATERIAL& material, const SceneLists& lists, int textureMode) {
+MaterialImages materialImages(const MATERIAL& material, const SceneLists& lists,
+                              TextureMode textureMode) {
     MaterialImages images;
     const TEXTURESLOT* slot = textureSlot(lists, material);
     const bool isInline = material.textureIndex == -1;
-    if (slot == nullptr || (isInline && textureMode != kTexturesAll) ||
-        (textureMode != kTexturesAll && textureMode != kTexturesSharedOnly))
+    if (slot == nullptr || textureMode == TextureMode::None ||
+        (isInline && textureMode != TextureMode::All))
         return images;
     images.shared = !isInline;
     images.color = liveImage(slot->color.get());

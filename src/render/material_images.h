@@ -3,6 +3,7 @@
 #pragma once
 
 #include "gpu/texture_image.h"
+#include "render/draw_choices.h"
 #include "scene/record_views.h"
 
 namespace ogl {
@@ -16,8 +17,9 @@ struct MaterialImages {
     bool shared = false; ///< they come from a shared slot, whether it holds any or not
 };
 
-/// The images of the material's slot, as far as `textureMode` (kTextures...) lets them be used.
+/// The images of the material's slot, as far as `textureMode` lets them be used.
 /// They may have no GL texture: prepareTextures() makes those.
-MaterialImages materialImages(const MATERIAL& material, const SceneLists& lists, int textureMode);
+MaterialImages materialImages(const MATERIAL& material, const SceneLists& lists,
+                              TextureMode textureMode);
 
 } // namespace ogl

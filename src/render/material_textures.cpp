@@ -40,11 +40,11 @@ void bindAlphaMap(const TextureImage& image, float anisotropy) {
 void Renderer::bindMaterialTextures(const MATERIAL& material, int& textured, int& sharedSlot,
                                     int& alphaMap, unsigned enable) {
     textured = sharedSlot = alphaMap = 0;
-    if (enable == 0 || textureMode == kTexturesNone || scene == nullptr) {
+    if (enable == 0 || choices.textureMode == TextureMode::None || scene == nullptr) {
         turnTexturesOff();
         return;
     }
-    const MaterialImages images = materialImages(material, SceneLists(*scene), textureMode);
+    const MaterialImages images = materialImages(material, SceneLists(*scene), choices.textureMode);
     sharedSlot = images.shared ? 1 : 0;
     textured = images.color != nullptr ? 1 : 0;
     alphaMap = images.opacity != nullptr ? 1 : 0;

@@ -37,7 +37,7 @@ void Renderer::clearToSceneBackground() {
         return;
     const uint32_t color = scene->geometry.backgroundColor;
     uint32_t channels[3] = {color & 0xffu, color >> 8 & 0xffu, color >> 16 & 0xffu};
-    if ((drawFlags & kDrawGrey) != 0)
+    if ((choices.drawFlags & kDrawGrey) != 0)
         std::fill_n(channels, 3, (channels[0] + channels[1] + channels[2]) / 3);
     for (int i = 0; i < 3; ++i)
         clearColor[i] = static_cast<float>(channels[i]) / 255.0f;

@@ -7,6 +7,7 @@
 #include "ogl/host_records.h"
 #include "platform/win32.h"
 #include "render/camera.h"
+#include "render/draw_choices.h"
 #include "render/frame_timer.h"
 
 #include <array>
@@ -28,21 +29,6 @@ enum RendererKind : int {
     kDeferredRenderer = 3,
     kRayTraceRenderer = 4,
 };
-
-/// Values of Renderer::edgeMode.
-inline constexpr int kEdgesNone = 0;
-inline constexpr int kEdgesVisible = 1;
-inline constexpr int kEdgesHiddenToo = 2; ///< hidden edges too, dashed
-
-/// Values of Renderer::textureMode.
-inline constexpr int kTexturesNone = 0;
-inline constexpr int kTexturesSharedOnly = 2; ///< white surfaces, textures of shared slots
-inline constexpr int kTexturesAll = 3;        ///< material colours, inline and shared textures
-
-/// Values of Renderer::colorMode.
-inline constexpr int kColorsOfMaterials = 0;
-inline constexpr int kColorsGrey = 1;
-inline constexpr int kColorsWhite = 2; ///< white in the deferred renderer, else as materials
 
 /// Draws scenes. One renderer, shared by all views, lives at a time; a drawing call selects its
 /// class by the scene's render mode and sets its per-call fields.
@@ -97,14 +83,7 @@ class Renderer {
     ErrorLog* errorLog;
     int vendor; ///< kVendor...
     Settings* settings;
-    uint32_t drawFlags = 0; ///< kDraw... of the drawing call
-    int edgeMode = kEdgesVisible;
-    int textureMode = kTexturesNone;
-    int colorMode = kColorsOfMaterials;
-    int singleColorEdges = 0; ///< 1 = edges in one colour
-    int drawFaces = 0;        ///< 1 = silhouettes after the edges
-    int roundEdgeEnds = 0;    ///< 1 = marks on the end points of edges
-    int useLighting = 0;
+    DrawChoices choices;
     int width = 0; ///< of the view, pixels
     int height = 0;
     int64_t previousCounter = 0; ///< performance counter at the end of the frame before

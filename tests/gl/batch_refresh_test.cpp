@@ -39,9 +39,9 @@ class BatchRefreshTest : public test::GLTest {
     }
     FixedRenderer& selectDrawing() {
         auto& renderer = select<FixedRenderer>();
-        renderer.textureMode = kTexturesSharedOnly;
-        renderer.drawFaces = 1;
-        renderer.singleColorEdges = 1;
+        renderer.choices.textureMode = TextureMode::SharedOnly;
+        renderer.choices.drawFaces = true;
+        renderer.choices.singleColorEdges = true;
         return renderer;
     }
     uint64_t uploadsOfAFrame() {

@@ -59,7 +59,7 @@ TEST_F(DeferredRendererTest, WallInTheSunBeforeTheBackground) {
         const bool noSun = (row.lights & kLightSunAndPortals) != 0;
         scene.lightFlags = (row.lights & ~kLightSunAndPortals) |
                            (noSun ? 0 : kLightSunAndPortals | kLightSunPresent);
-        renderer_->drawFlags = row.flags;
+        renderer_->choices.drawFlags = row.flags;
         const Picture picture = drawFrame();
         expectPixel(pixelAt(picture, 0, 0), row.wall, row.name);
         expectPixel(pixelAt(picture, 8, 8), row.background, row.name);
@@ -79,7 +79,7 @@ TEST_F(DeferredRendererTest, TheShadowOfTheSun) {
     expectPixel(pixelAt(picture, -3, 0), shown(kBrick), "in the shadow");
     for (const auto& [x, y] : {std::pair{-4.4f, 0.0f}, {-1.5f, 0.0f}, {-3.0f, 2.0f}})
         expectPixel(pixelAt(picture, x, y), lit, "beside the shadow");
-    renderer_->drawFlags = kDrawFullQuality;
+    renderer_->choices.drawFlags = kDrawFullQuality;
     picture = drawFrame();
     expectPixel(pixelAt(picture, -3, 0), lit, "without shadows");
 }

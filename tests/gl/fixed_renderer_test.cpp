@@ -34,11 +34,11 @@ class FixedRendererTest : public GLTest {
     FixedRenderer& selectDrawing() {
         scene_->commit();
         auto& renderer = select<FixedRenderer>();
-        renderer.drawFlags = kDrawFullQuality;
-        renderer.textureMode = kTexturesSharedOnly;
-        renderer.colorMode = kColorsWhite;
-        renderer.drawFaces = 1;
-        renderer.singleColorEdges = 1;
+        renderer.choices.drawFlags = kDrawFullQuality;
+        renderer.choices.textureMode = TextureMode::SharedOnly;
+        renderer.choices.colorMode = ColorMode::White;
+        renderer.choices.drawFaces = true;
+        renderer.choices.singleColorEdges = true;
         return renderer;
     }
     /// A loop that is not drawn: surfaces alone.
@@ -104,21 +104,21 @@ TEST_F(FixedRendererTest, DrawsEdgesInInk) {
         const char* name;
         int opacity;
         uint32_t drawFlags;
-        int edgeMode;
+        EdgeMode edgeMode;
         float alpha; ///< of the edge
     } rows[] = {
-        {"full", 100, kDrawFullQuality, kEdgesVisible, 1.0f},
-        {"half", 50, kDrawFullQuality, kEdgesVisible, 0.5f},
-        {"none", 0, kDrawFullQuality, kEdgesVisible, 0.0f},
-        {"none, but a draft", 0, 0, kEdgesVisible, 0.05f},
-        {"off", 100, kDrawFullQuality, kEdgesNone, 0.0f},
+        {"full", 100, kDrawFullQuality, EdgeMode::Visible, 1.0f},
+        {"half", 50, kDrawFullQuality, EdgeMode::Visible, 0.5f},
+        {"none", 0, kDrawFullQuality, EdgeMode::Visible, 0.0f},
+        {"none, but a draft", 0, 0, EdgeMode::Visible, 0.05f},
+        {"off", 100, kDrawFullQuality, EdgeMode::None, 0.0f},
     };
     FixedRenderer& renderer = selectDrawing();
     scene_->scene().drawingBackgroundColor = 0xffffff;
     for (const auto& row : rows) {
         scene_->geometry().edgeOpacity = row.opacity;
-        renderer.drawFlags = row.drawFlags;
-        renderer.edgeMode = row.edgeMode;
+        renderer.choices.drawFlags = row.drawFlags;
+        renderer.choices.edgeMode = row.edgeMode;
         const Picture picture = drawFrame();
         const int value = static_cast<int>(std::lround(255 * (1 - 0.9f * row.alpha)));
         const Pixel expected{value, value, value};
@@ -135,9 +135,9 @@ TEST_F(FixedRendererTest, ColorsEdgesByTheirStylesWhenAsked) {
     face.loops[0].style.color = {200, 100, 50};
     scene_->addFace(face);
     FixedRenderer& renderer = selectDrawing();
-    renderer.singleColorEdges = 0;
+    renderer.choices.singleColorEdges = false;
     EXPECT_TRUE(isFoundNear(drawFrame(), pixelX(-6), pixelY(1), {50, 100, 200}, 2));
-    renderer.singleColorEdges = 1;
+    renderer.choices.singleColorEdges = true;
     EXPECT_TRUE(isFoundNear(drawFrame(), pixelX(-6), pixelY(1), kInk, 2));
 }
 
@@ -157,7 +157,7 @@ TEST_F(FixedRendererTest, DashesHiddenEdges) {
                         : 0;
         return dark;
     };
-    renderer.edgeMode = kEdgesHiddenToo;
+    renderer.choices.edgeMode = EdgeMode::HiddenToo;
     const Picture dashed = drawFrame();
     // The pattern is eight pixels long, half of them drawn; the sample grid blurs its ends.
     EXPECT_NEAR(darkRows(dashed), 20, 6);
@@ -166,7 +166,7 @@ TEST_F(FixedRendererTest, DashesHiddenEdges) {
     EXPECT_EQ(
         dashed.count(column - 1, 80, column + 2, 120, [&](Pixel p) { return p.red < darkest - 3; }),
         0);
-    renderer.edgeMode = kEdgesVisible;
+    renderer.choices.edgeMode = EdgeMode::Visible;
     EXPECT_EQ(darkRows(drawFrame()), 0);
 }
 
@@ -183,7 +183,7 @@ TEST_F(FixedRendererTest, OutlinesSmoothSurfaces) {
         EXPECT_TRUE(isNear(pixelAt(picture, 0.7f * x, 0.7f * y), kWhite, 1)) << angle;
         EXPECT_TRUE(isNear(pixelAt(picture, 1.4f * x, 1.4f * y), kBlue, 1)) << angle;
     }
-    renderer.drawFaces = 0;
+    renderer.choices.drawFaces = false;
     EXPECT_FALSE(isFoundNear(drawFrame(), pixelX(radius), pixelY(0), kInk, 40));
 }
 
@@ -258,14 +258,15 @@ TEST_F(FixedRendererTest, ShowsTexturesOfSharedSlotsOnly) {
     EXPECT_TRUE(isNear(pixelAt(picture, -2, 2), {0, 150, 0}, 2));
     EXPECT_TRUE(isNear(pixelAt(picture, 4, 0), kWhite, 1));
 
-    renderer.textureMode = kTexturesAll; // textures at half strength, by the current colour
+    renderer.choices.textureMode =
+        TextureMode::All; // textures at half strength, by the current colour
     EXPECT_TRUE(isNear(pixelAt(drawFrame(), 6, -2), {100, 0, 0}, 2));
-    renderer.textureMode = kTexturesNone;
+    renderer.choices.textureMode = TextureMode::None;
     EXPECT_TRUE(isNear(pixelAt(drawFrame(), -6, -2), kWhite, 1));
 
     Ptr32<TextureImage> owner = image;
     releaseTextureImage(owner);
-    renderer.textureMode = kTexturesSharedOnly; // the slots now hold a stale address
+    renderer.choices.textureMode = TextureMode::SharedOnly; // the slots now hold a stale address
     EXPECT_TRUE(isNear(pixelAt(drawFrame(), -6, -2), kWhite, 1));
 }
 
@@ -311,7 +312,7 @@ TEST_F(FixedRendererTest, MarksTheEndsOfEdges) {
         });
     };
     const int without = inkNearCorner(drawFrame());
-    renderer.roundEdgeEnds = 1;
+    renderer.choices.roundEdgeEnds = true;
     const Picture picture = drawFrame();
     EXPECT_GT(inkNearCorner(picture), without);
     EXPECT_TRUE(isNear(pixelAt(picture, 0, 0), kWhite, 1));

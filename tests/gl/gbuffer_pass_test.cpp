@@ -46,7 +46,7 @@ class GBufferPassTest : public test::DeferredBench {
         makeTargets(4);
         renderer_ = std::make_unique<FixedRenderer>(*context_);
         renderer_->scene = &scene_->scene();
-        renderer_->textureMode = kTexturesAll;
+        renderer_->choices.textureMode = TextureMode::All;
         glEnable(GL_MULTISAMPLE);
         glFrontFace(GL_CW);
     }

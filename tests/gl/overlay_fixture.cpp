@@ -20,10 +20,10 @@ void OverlayTest::SetUp() {
 
 void OverlayTest::selectDrawing() {
     auto& renderer = select<FixedRenderer>();
-    renderer.drawFlags = kDrawFullQuality;
-    renderer.textureMode = kTexturesSharedOnly;
-    renderer.drawFaces = 1;
-    renderer.singleColorEdges = 1;
+    renderer.choices.drawFlags = kDrawFullQuality;
+    renderer.choices.textureMode = TextureMode::SharedOnly;
+    renderer.choices.drawFaces = true;
+    renderer.choices.singleColorEdges = true;
 }
 
 Picture OverlayTest::frame() {

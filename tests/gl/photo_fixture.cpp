@@ -34,11 +34,11 @@ void PhotoTest::SetUp() {
 DeferredRenderer& PhotoTest::selectPhoto(uint32_t drawFlags) {
     scene_->commit();
     auto& renderer = select<DeferredRenderer>();
-    renderer.drawFlags = drawFlags;
-    renderer.textureMode = kTexturesAll;
-    renderer.colorMode = kColorsOfMaterials;
-    renderer.edgeMode = kEdgesVisible;
-    renderer.drawFaces = 1;
+    renderer.choices.drawFlags = drawFlags;
+    renderer.choices.textureMode = TextureMode::All;
+    renderer.choices.colorMode = ColorMode::OfMaterials;
+    renderer.choices.edgeMode = EdgeMode::Visible;
+    renderer.choices.drawFaces = true;
     return renderer;
 }
 

@@ -50,7 +50,7 @@ TEST_F(RayTraceRendererTest, ShowsFrontFacesGreyOnBlack) {
     scene_->addFace(behind);
     scene_->commit();
     RayTraceRenderer& renderer = selectRayTrace();
-    renderer.drawFlags = kDrawFullQuality | kDrawOnce;
+    renderer.choices.drawFlags = kDrawFullQuality | kDrawOnce;
     for (const char* frame : {"first", "second"}) {
         const Picture picture = drawFrame();
         EXPECT_TRUE(isGrey(pixelAt(picture, -5.8f, -5.8f))) << frame;
@@ -61,7 +61,7 @@ TEST_F(RayTraceRendererTest, ShowsFrontFacesGreyOnBlack) {
         EXPECT_TRUE(isNear(pixelAt(picture, 6, -6), kBlack, 0)) << frame;
         EXPECT_EQ(picture.count(0, 0, kViewSize, kViewSize, isGrey), 80 * 80) << frame;
     }
-    EXPECT_EQ(renderer.drawFlags, kDrawFullQuality);
+    EXPECT_EQ(renderer.choices.drawFlags, kDrawFullQuality);
 }
 
 TEST_F(RayTraceRendererTest, LaysOverlaysOverThePreviewButNoHeadsUpDisplay) {

@@ -44,9 +44,9 @@ class RendererLoopTest : public test::PhotoTest {
     /// Makes a renderer, draws a small frame and takes it down.
     template <class T> void round(int side) {
         T& renderer = select<T>();
-        renderer.drawFlags = kDrawFullQuality | kDrawShadows;
-        renderer.textureMode = kTexturesAll;
-        renderer.drawFaces = 1;
+        renderer.choices.drawFlags = kDrawFullQuality | kDrawShadows;
+        renderer.choices.textureMode = TextureMode::All;
+        renderer.choices.drawFaces = true;
         renderer.setSize(side, side);
         renderer.setupCamera(scene_->scene());
         renderer.drawToWindow(context_->primary);

@@ -282,8 +282,8 @@ TEST_F(SceneOverlays, LeaveTheStateThatFramesStartFrom) {
             select<EdgeRenderer>();
         else
             selectDrawing();
-        renderer_->edgeMode = kEdgesHiddenToo;
-        renderer_->roundEdgeEnds = 1;
+        renderer_->choices.edgeMode = EdgeMode::HiddenToo;
+        renderer_->choices.roundEdgeEnds = true;
         view().flags = kViewNoOverlays | kViewNoHud;
         const Picture before = frame();
         scene_->object(1).highlight = kSelected | kMarked;

@@ -27,12 +27,12 @@ ShadowRenderer& ShadowTest::selectShadow(uint32_t drawFlags) {
     scene_->commit();
     scene_->light(0) = sun_;
     auto& renderer = select<ShadowRenderer>();
-    renderer.drawFlags = drawFlags;
-    renderer.textureMode = kTexturesAll;
-    renderer.colorMode = kColorsOfMaterials;
-    renderer.edgeMode = kEdgesNone;
-    renderer.drawFaces = 1;
-    renderer.useLighting = 1;
+    renderer.choices.drawFlags = drawFlags;
+    renderer.choices.textureMode = TextureMode::All;
+    renderer.choices.colorMode = ColorMode::OfMaterials;
+    renderer.choices.edgeMode = EdgeMode::None;
+    renderer.choices.drawFaces = true;
+    renderer.choices.useLighting = true;
     return renderer;
 }
 

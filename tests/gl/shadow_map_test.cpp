@@ -68,7 +68,7 @@ TEST_F(ShadowMapTest, BoxesThrowShadowsWhereGeometrySays) {
             expectLit(picture, x, y, point.lit, row.name);
         }
         ShadowRenderer& unshadowed = selectShadow(kDrawFullQuality);
-        unshadowed.drawFlags = kDrawFullQuality;
+        unshadowed.choices.drawFlags = kDrawFullQuality;
         const auto [x, y] = along(2.0f, 0.0f);
         expectLit(drawFrame(), x, y, 1, "without shadows");
     }
@@ -236,9 +236,9 @@ TEST_F(ShadowMapTest, ShadowsAreDrawnOnlyWhenMarked) {
     EXPECT_EQ(scene_->geometry().flags, 0x100u);
     EXPECT_EQ(drawCalls(), still);
 
-    renderer.drawFlags = kDrawFullQuality; // the other program, and back
+    renderer.choices.drawFlags = kDrawFullQuality; // the other program, and back
     EXPECT_EQ(drawCalls(), still);
-    renderer.drawFlags = kDrawFullQuality | kDrawShadows;
+    renderer.choices.drawFlags = kDrawFullQuality | kDrawShadows;
     EXPECT_EQ(drawCalls(), first);
 
     scene_->entry(1).changeFlags = 1;

@@ -91,13 +91,13 @@ TEST_F(ShadowOutputTest, WindowsShowSilhouettesAgainAfterAFile) {
     face.loops[0].style.penNumber = kLoopNoPen;
     scene_->addFace(face);
     ShadowRenderer& renderer = selectShadow(kDrawFullQuality);
-    renderer.edgeMode = kEdgesVisible;
+    renderer.choices.edgeMode = EdgeMode::Visible;
     const Picture before = drawFrame();
-    renderer.edgeMode = kEdgesNone;
-    renderer.drawFaces = 0;
+    renderer.choices.edgeMode = EdgeMode::None;
+    renderer.choices.drawFaces = false;
     drawnFile(renderer);
-    renderer.edgeMode = kEdgesVisible;
-    renderer.drawFaces = 1;
+    renderer.choices.edgeMode = EdgeMode::Visible;
+    renderer.choices.drawFaces = true;
     const Picture after = drawFrame();
     EXPECT_EQ(differences(before, after, kViewSize, kViewSize), 0);
 }

@@ -90,32 +90,33 @@ TEST_F(ShadowShadingTest, TakesColorsFromMaterialsAndModes) {
     const Vec3 white{1, 1, 1};
     const struct {
         const char* name;
-        int colorMode, textureMode;
+        ColorMode colorMode;
+        TextureMode textureMode;
         Vec3 clay, dim, bright, mirror;
     } rows[] = {
         {"colours",
-         kColorsOfMaterials,
-         kTexturesAll,
+         ColorMode::OfMaterials,
+         TextureMode::All,
          full,
          full * 0.5f,
          {1.0f, full.y * 2, full.z * 2},
          full},
         {"shared textures only",
-         kColorsOfMaterials,
-         kTexturesSharedOnly,
+         ColorMode::OfMaterials,
+         TextureMode::SharedOnly,
          full,
          full * 0.5f,
          {1.0f, full.y * 2, full.z * 2},
          full},
-        {"grey", kColorsGrey, kTexturesAll, greyed, greyed, greyed, greyed},
-        {"white", kColorsWhite, kTexturesSharedOnly, white, white, white, white},
-        {"no textures", kColorsOfMaterials, kTexturesNone, white, white, white, white},
+        {"grey", ColorMode::Grey, TextureMode::All, greyed, greyed, greyed, greyed},
+        {"white", ColorMode::White, TextureMode::SharedOnly, white, white, white, white},
+        {"no textures", ColorMode::OfMaterials, TextureMode::None, white, white, white, white},
     };
     for (const uint32_t shadows : {0u, kDrawShadows})
         for (const auto& row : rows) {
             ShadowRenderer& renderer = selectShadow(kDrawFullQuality | shadows);
-            renderer.colorMode = row.colorMode;
-            renderer.textureMode = row.textureMode;
+            renderer.choices.colorMode = row.colorMode;
+            renderer.choices.textureMode = row.textureMode;
             const Picture picture = drawFrame();
             expectPixel(picture, -6, 0, shaded(row.clay, up, 1.0), row.name);
             expectPixel(picture, -2, 0, shaded(row.dim, up, 1.0), row.name);

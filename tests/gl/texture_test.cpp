@@ -93,10 +93,10 @@ class TextureTest : public GLTest {
     TEXTURESLOT& slot() {
         return static_cast<TEXTURE*>(scene_->geometry().textures.data.get())->slot;
     }
-    FixedRenderer& selectDrawing(int textureMode = kTexturesSharedOnly) {
+    FixedRenderer& selectDrawing(TextureMode textureMode = TextureMode::SharedOnly) {
         auto& renderer = select<FixedRenderer>();
-        renderer.textureMode = textureMode;
-        renderer.colorMode = kColorsWhite;
+        renderer.choices.textureMode = textureMode;
+        renderer.choices.colorMode = ColorMode::White;
         return renderer;
     }
     /// The pixel at the middle of a texel, `y` counted from the top.

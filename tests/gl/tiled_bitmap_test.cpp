@@ -78,12 +78,12 @@ class TiledBitmapTest : public GLTest {
             select<EdgeRenderer>();
         } else {
             select<FixedRenderer>();
-            renderer_->textureMode = kTexturesSharedOnly;
-            renderer_->colorMode = kColorsWhite;
-            renderer_->singleColorEdges = 1;
-            renderer_->drawFaces = 1;
+            renderer_->choices.textureMode = TextureMode::SharedOnly;
+            renderer_->choices.colorMode = ColorMode::White;
+            renderer_->choices.singleColorEdges = true;
+            renderer_->choices.drawFaces = true;
         }
-        renderer_->drawFlags = kDrawFullQuality;
+        renderer_->choices.drawFlags = kDrawFullQuality;
     }
     void zoom(int width) {
         SCENE& scene = scene_->scene();
@@ -110,29 +110,33 @@ TEST_F(TiledBitmapTest, EqualsOneLargeFrame) {
     const struct {
         const char* name;
         bool edgesOnly;
-        int edgeMode, roundEnds, bits;
+        EdgeMode edgeMode;
+        bool roundEnds;
+        int bits;
         int viewWidth, viewHeight;
         int zoomWidth; ///< of the zoom window; 0 = none
         int strangers; ///< allowed
     } rows[] = {
-        {"drawing", false, kEdgesVisible, 0, 24, 640, 512, 0, kFewSamples},
-        {"drawing_zoomed", false, kEdgesVisible, 0, 24, 512, 512, 12000, kFewSamples},
-        {"hidden_edges", false, kEdgesHiddenToo, 0, 32, 512, 900, 0, kFewSamples},
-        {"hidden_edges_zoomed", false, kEdgesHiddenToo, 0, 24, 512, 512, 12000, kFewSamples},
-        {"marks", false, kEdgesVisible, 1, 24, 512, 512, 0, kFewSamples},
-        {"edges", true, kEdgesVisible, 0, 24, 512, 512, 0, kFewSamples},
-        {"edges_zoomed", true, kEdgesVisible, 0, 32, 512, 513, 9000, kFewSamples},
-        {"surfaces_odd_view", false, kEdgesNone, 0, 24, 333, 201, 0, kFewSamples},
-        {"surfaces_tiny_view", false, kEdgesNone, 0, 24, 50, 31, 0, kFewSamples},
-        {"drawing_odd_view", false, kEdgesVisible, 0, 24, 333, 201, 0, kDroppedSamples},
-        {"hidden_edges_odd_view", false, kEdgesHiddenToo, 0, 24, 256, 300, 0, kDroppedSamples},
-        {"edges_odd_view", true, kEdgesVisible, 0, 24, 222, 400, 0, kDroppedSamples},
-        {"larger_view", false, kEdgesVisible, 0, 24, 1024, 1024, 0, kDroppedSamples},
+        {"drawing", false, EdgeMode::Visible, false, 24, 640, 512, 0, kFewSamples},
+        {"drawing_zoomed", false, EdgeMode::Visible, false, 24, 512, 512, 12000, kFewSamples},
+        {"hidden_edges", false, EdgeMode::HiddenToo, false, 32, 512, 900, 0, kFewSamples},
+        {"hidden_edges_zoomed", false, EdgeMode::HiddenToo, false, 24, 512, 512, 12000,
+         kFewSamples},
+        {"marks", false, EdgeMode::Visible, true, 24, 512, 512, 0, kFewSamples},
+        {"edges", true, EdgeMode::Visible, false, 24, 512, 512, 0, kFewSamples},
+        {"edges_zoomed", true, EdgeMode::Visible, false, 32, 512, 513, 9000, kFewSamples},
+        {"surfaces_odd_view", false, EdgeMode::None, false, 24, 333, 201, 0, kFewSamples},
+        {"surfaces_tiny_view", false, EdgeMode::None, false, 24, 50, 31, 0, kFewSamples},
+        {"drawing_odd_view", false, EdgeMode::Visible, false, 24, 333, 201, 0, kDroppedSamples},
+        {"hidden_edges_odd_view", false, EdgeMode::HiddenToo, false, 24, 256, 300, 0,
+         kDroppedSamples},
+        {"edges_odd_view", true, EdgeMode::Visible, false, 24, 222, 400, 0, kDroppedSamples},
+        {"larger_view", false, EdgeMode::Visible, false, 24, 1024, 1024, 0, kDroppedSamples},
     };
     for (const auto& row : rows) {
         prepare(row.edgesOnly);
-        renderer_->edgeMode = row.edgeMode;
-        renderer_->roundEdgeEnds = row.roundEnds;
+        renderer_->choices.edgeMode = row.edgeMode;
+        renderer_->choices.roundEdgeEnds = row.roundEnds;
         zoom(row.zoomWidth);
         resizeOwnWindow(std::max(kWidth, row.viewWidth), std::max(kHeight, row.viewHeight));
         const Bitmap whole(kWidth, kHeight, row.bits);
@@ -153,8 +157,9 @@ TEST_F(TiledBitmapTest, PlansEqualOneLargeFrame) {
     scene_->geometry().lightAmbient = 0.1f;
     scene_->scene().lineWeight = 40;
     ShadowRenderer& renderer = select<ShadowRenderer>();
-    renderer.drawFlags = kDrawFullQuality;
-    renderer.singleColorEdges = renderer.drawFaces = renderer.roundEdgeEnds = 1;
+    renderer.choices.drawFlags = kDrawFullQuality;
+    renderer.choices.singleColorEdges = renderer.choices.drawFaces =
+        renderer.choices.roundEdgeEnds = true;
     const Bitmap whole(kWidth, kHeight, 24);
     drawFromView(kWidth, kHeight, whole);
     for (const auto& [width, height] : {std::pair{256, 320}, {333, 201}, {3, 400}}) {
@@ -172,7 +177,7 @@ TEST_F(TiledBitmapTest, DrawsBordersForScreenSpacePasses) {
     scene_->view().flags = kViewNoOverlays | kViewNoHud;
     for (const int zoomWidth : {0, 12000}) {
         prepare(false);
-        renderer_->edgeMode = kEdgesNone;
+        renderer_->choices.edgeMode = EdgeMode::None;
         zoom(zoomWidth);
         const Bitmap whole(kWidth, kHeight, 24);
         const Bitmap tiled(kWidth, kHeight, 24);
@@ -221,8 +226,8 @@ TEST_F(TiledBitmapTest, FillsAVeryLargeBitmapFromASmallView) {
     scene_->scene().drawingOptions = kOptionBackgroundColor;
     scene_->scene().drawingBackgroundColor = 0xc08040;
     prepare(false);
-    renderer_->edgeMode = kEdgesNone;
-    renderer_->drawFaces = 0;
+    renderer_->choices.edgeMode = EdgeMode::None;
+    renderer_->choices.drawFaces = false;
     resizeOwnWindow(1024, 1024);
     const Bitmap bitmap(kSide, kSide, 24);
     drawFromView(1024, 1024, bitmap);

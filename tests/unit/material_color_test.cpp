@@ -20,25 +20,30 @@ MATERIAL paint(float brightness, float opacity, float reflection = 0.0f) {
 }
 
 TEST(MaterialColor, FollowsTheModes) {
-    constexpr int kShared = kTexturesSharedOnly;
+    constexpr TextureMode kNone = TextureMode::None;
+    constexpr TextureMode kShared = TextureMode::SharedOnly;
+    constexpr TextureMode kAll = TextureMode::All;
+    constexpr ColorMode kMaterials = ColorMode::OfMaterials;
+    constexpr ColorMode kWhite = ColorMode::White;
     const struct {
         const char* name;
         MATERIAL material;
-        int textureMode, colorMode;
+        TextureMode textureMode;
+        ColorMode colorMode;
         bool sharedSlot, textured;
         Vec4 expected;
     } rows[] = {
-        {"drawing is white", paint(0.4f, 1), kShared, 2, false, false, {1, 1, 1, 1}},
-        {"no textures", paint(0.4f, 1), kTexturesNone, 0, false, false, {1, 1, 1, 1}},
-        {"white keeps opacity", paint(0.4f, 0.7f), kShared, 2, false, false, {1, 1, 1, 0.7f}},
-        {"shared slot is opaque", paint(0.4f, 0.7f), kShared, 2, true, true, {1, 1, 1, 1}},
-        {"faint becomes 0.2", paint(0.4f, 0.1f), kShared, 2, false, false, {1, 1, 1, 0.2f}},
-        {"nothing stays nothing", paint(0.4f, 0), kShared, 2, false, false, {1, 1, 1, 0}},
-        {"by brightness", paint(0.4f, 1), kTexturesAll, 0, false, false, {0.6f, 0.4f, 0.2f, 1}},
-        {"clamped", paint(0.8f, 1), kTexturesAll, 0, false, false, {1, 0.8f, 0.4f, 1}},
-        {"reflection", paint(0.4f, 1, 0.2f), kTexturesAll, 0, false, false, {0.7f, 0.5f, 0.3f, 1}},
-        {"textured", paint(0.4f, 1), kTexturesAll, 0, false, true, {0.5f, 0.5f, 0.5f, 1}},
-        {"grey", paint(0.8f, 1), kTexturesAll, 1, false, false, {0.44f, 0.44f, 0.44f, 1}},
+        {"drawing is white", paint(0.4f, 1), kShared, kWhite, false, false, {1, 1, 1, 1}},
+        {"no textures", paint(0.4f, 1), kNone, kMaterials, false, false, {1, 1, 1, 1}},
+        {"white keeps opacity", paint(0.4f, 0.7f), kShared, kWhite, false, false, {1, 1, 1, 0.7f}},
+        {"shared slot is opaque", paint(0.4f, 0.7f), kShared, kWhite, true, true, {1, 1, 1, 1}},
+        {"faint becomes 0.2", paint(0.4f, 0.1f), kShared, kWhite, false, false, {1, 1, 1, 0.2f}},
+        {"nothing stays nothing", paint(0.4f, 0), kShared, kWhite, false, false, {1, 1, 1, 0}},
+        {"by brightness", paint(0.4f, 1), kAll, kMaterials, false, false, {0.6f, 0.4f, 0.2f, 1}},
+        {"clamped", paint(0.8f, 1), kAll, kMaterials, false, false, {1, 0.8f, 0.4f, 1}},
+        {"reflection", paint(0.4f, 1, 0.2f), kAll, kMaterials, false, false, {0.7f, 0.5f, 0.3f, 1}},
+        {"textured", paint(0.4f, 1), kAll, kMaterials, false, true, {0.5f, 0.5f, 0.5f, 1}},
+        {"grey", paint(0.8f, 1), kAll, ColorMode::Grey, false, false, {0.44f, 0.44f, 0.44f, 1}},
     };
     for (const auto& row : rows) {
         const Vec4 color = materialColor(row.material, row.textureMode, row.colorMode,

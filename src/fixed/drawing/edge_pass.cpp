@@ -48,11 +48,11 @@ int edgeReach(const EdgeStyle& style) {
 }
 
 void EdgePass::draw() const {
-    if (renderer.edgeMode == kEdgesHiddenToo)
+    if (renderer.choices.edgeMode == EdgeMode::HiddenToo)
         drawHiddenEdges();
-    if (renderer.edgeMode != kEdgesNone) {
+    if (renderer.choices.edgeMode != EdgeMode::None) {
         drawVisibleEdges();
-        if (renderer.drawFaces == 1)
+        if (renderer.choices.drawFaces)
             drawSilhouettes();
     }
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
@@ -123,7 +123,7 @@ void EdgePass::drawSilhouettes() const {
 }
 
 unsigned EdgePass::drawFlags() const {
-    return renderer.singleColorEdges != 0 ? kDrawPositions : kDrawPositions | kDrawColors;
+    return renderer.choices.singleColorEdges ? kDrawPositions : kDrawPositions | kDrawColors;
 }
 
 void EdgePass::drawUnbound(const ColorVertexArray& batch) const {
@@ -136,7 +136,7 @@ void EdgePass::drawEdges() const {
     if (edges == nullptr)
         return;
     drawUnbound(*edges);
-    if (renderer.roundEdgeEnds == 1)
+    if (renderer.choices.roundEdgeEnds)
         drawMarks();
 }
 

@@ -35,7 +35,7 @@ int EdgeRenderer::drawToWindow(const GLSurface& surface) {
     refreshBatches();
     drawScene();
     drawFrameOverlays(*this, surface);
-    drawFlags &= ~kDrawOnce;
+    choices.drawFlags &= ~kDrawOnce;
     return 1;
 }
 

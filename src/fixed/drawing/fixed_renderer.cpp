@@ -66,7 +66,7 @@ int FixedRenderer::drawToWindow(const GLSurface& surface) {
         return 1;
     drawScene();
     drawFrameOverlays(*this, surface);
-    drawFlags &= ~kDrawOnce;
+    choices.drawFlags &= ~kDrawOnce;
     return 1;
 }
 
@@ -75,7 +75,7 @@ int FixedRenderer::drawToBitmap(HBITMAP bitmap) {
         return 1;
     deleteReleasedObjects();
     batches().refreshForBitmap(*this, kNeeds);
-    const EdgeStyle style = edgeStyle(*scene, drawFlags, lineWidth);
+    const EdgeStyle style = edgeStyle(*scene, choices.drawFlags, lineWidth);
     drawFrameToBitmap(*this, bitmap, [this] { drawScene(); }, {.reachPixels = edgeReach(style)});
     return 1;
 }
@@ -85,8 +85,8 @@ int FixedRenderer::drawToFile(const char*) {
 }
 
 void FixedRenderer::setMaterialColor(const MATERIAL& material, int sharedSlot, int textured) {
-    const Vec4 color =
-        materialColor(material, textureMode, colorMode, sharedSlot != 0, textured != 0);
+    const Vec4 color = materialColor(material, choices.textureMode, choices.colorMode,
+                                     sharedSlot != 0, textured != 0);
     glColor4f(color.x, color.y, color.z, color.w);
 }
 
@@ -99,7 +99,8 @@ void FixedRenderer::drawScene() {
     });
     const SceneBatches& shown = batches();
     SurfacePass{*this, shown.meshes(), shading}.draw();
-    EdgePass{*this, shown.edges(), shown.silhouettes(), edgeStyle(*scene, drawFlags, lineWidth)}
+    EdgePass{*this, shown.edges(), shown.silhouettes(),
+             edgeStyle(*scene, choices.drawFlags, lineWidth)}
         .draw();
 }
 

@@ -44,7 +44,7 @@ void ProgramSurfacePass::setLight() const {
     program.setVec3("lightIntensity", color.x, color.y, color.z);
     program.setVec3("lightDir", toLight.x, toLight.y, toLight.z);
     program.setFloat("ambientFactor", renderer.scene->geometry.lightAmbient * kAmbientScale);
-    program.setInt("drawMono", renderer.colorMode == kColorsGrey ? 1 : 0);
+    program.setInt("drawMono", renderer.choices.colorMode == ColorMode::Grey ? 1 : 0);
     if (program.variant() == kObjShaderShadow && sun != nullptr)
         setShadowMap();
 }

@@ -49,7 +49,7 @@ int ShadowRenderer::clearBackground() {
 int ShadowRenderer::createResources() {
     createSharedResources();
     initProgramSources(programSources_);
-    buildObjectProgram((drawFlags & kDrawShadows) != 0 ? kObjShaderShadow : kObjShader);
+    buildObjectProgram((choices.drawFlags & kDrawShadows) != 0 ? kObjShaderShadow : kObjShader);
     return 0;
 }
 
@@ -137,8 +137,8 @@ FixedShading ShadowRenderer::fixedShading() {
 }
 
 void ShadowRenderer::setMaterialColor(const MATERIAL& material, int sharedSlot, int textured) {
-    const Vec4 color =
-        materialColor(material, textureMode, colorMode, sharedSlot != 0, textured != 0);
+    const Vec4 color = materialColor(material, choices.textureMode, choices.colorMode,
+                                     sharedSlot != 0, textured != 0);
     glColor4f(color.x, color.y, color.z, color.w);
 }
 
@@ -174,10 +174,10 @@ int ShadowRenderer::drawToWindow(const GLSurface& surface) {
     noticeChanges();
     if (objectCount == 0)
         return 1;
-    prepareProgram((drawFlags & kDrawShadows) != 0);
+    prepareProgram((choices.drawFlags & kDrawShadows) != 0);
     drawFrame();
     drawFrameOverlays(*this, surface);
-    drawFlags &= ~kDrawOnce;
+    choices.drawFlags &= ~kDrawOnce;
     return 1;
 }
 
@@ -192,7 +192,7 @@ int ShadowRenderer::drawToBitmap(HBITMAP bitmap) {
         return 1;
     }
     noticeChanges();
-    prepareProgram((drawFlags & kDrawShadows) != 0);
+    prepareProgram((choices.drawFlags & kDrawShadows) != 0);
     drawFrameToBitmap(*this, bitmap, [this] { drawFrame(); },
                       {.reachPixels = edgeReach(edgeStyleOfFrame())});
     return 1;
@@ -251,7 +251,7 @@ void ShadowRenderer::drawFixedSurfaces(bool lit) {
 }
 
 EdgeStyle ShadowRenderer::edgeStyleOfFrame() const {
-    EdgeStyle style = edgeStyle(*scene, drawFlags, lineWidth);
+    EdgeStyle style = edgeStyle(*scene, choices.drawFlags, lineWidth);
     style.pointSize = kMarkSizePerWidth * style.width + 1.0f;
     style.constantAlpha = true;
     return style;

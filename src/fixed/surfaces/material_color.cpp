@@ -11,18 +11,18 @@ namespace ogl {
 
 namespace {} // namespace
 
-Vec4 materialColor(const MATERIAL& material, int textureMode, int colorMode, bool sharedSlot,
-                   bool textured) {
+Vec4 materialColor(const MATERIAL& material, TextureMode textureMode, ColorMode colorMode,
+                   bool sharedSlot, bool textured) {
     const float glow = material.reflection * kReflectionShare;
     Vec3 color{static_cast<float>(material.color.red) * kByteScale + glow,
                static_cast<float>(material.color.green) * kByteScale + glow,
                static_cast<float>(material.color.blue) * kByteScale + glow};
     float factor = 1.0f;
-    if (textureMode == kTexturesNone || textureMode == kTexturesSharedOnly) {
+    if (textureMode == TextureMode::None || textureMode == TextureMode::SharedOnly) {
         color = {1.0f, 1.0f, 1.0f};
     } else if (textured) {
         color = {0.5f, 0.5f, 0.5f};
-    } else if (colorMode == kColorsGrey) {
+    } else if (colorMode == ColorMode::Grey) {
         const float grey = 0.6f * color.y + 0.3f * color.x + 0.1f * color.z;
         color = {grey, grey, grey};
     } else {

@@ -54,18 +54,18 @@ struct Tint {
     float factor = 1.0f;
 };
 
-Tint tintOf(const MATERIAL& material, int textureMode, int colorMode, bool textured,
+Tint tintOf(const MATERIAL& material, TextureMode textureMode, ColorMode colorMode, bool textured,
             bool opacityMap) {
-    if (textureMode == kTexturesNone)
+    if (textureMode == TextureMode::None)
         return {{1.0f, 1.0f, 1.0f}};
-    if (opacityMap || (textureMode == kTexturesSharedOnly && textured))
+    if (opacityMap || (textureMode == TextureMode::SharedOnly && textured))
         return {{0.5f, 0.5f, 0.5f}};
-    if (colorMode == kColorsWhite)
+    if (colorMode == ColorMode::White)
         return {{1.0f, 1.0f, 1.0f}};
     const Vec3 color{static_cast<float>(material.color.red) / 255.0f,
                      static_cast<float>(material.color.green) / 255.0f,
                      static_cast<float>(material.color.blue) / 255.0f};
-    if (colorMode == kColorsGrey) {
+    if (colorMode == ColorMode::Grey) {
         const float grey = 0.3f * color.x + 0.6f * color.y + 0.1f * color.z;
         return {{grey, grey, grey}};
     }
@@ -74,8 +74,8 @@ Tint tintOf(const MATERIAL& material, int textureMode, int colorMode, bool textu
 
 } // namespace
 
-Vec4 programColor(const MATERIAL& material, int textureMode, int colorMode, bool textured,
-                  bool opacityMap) {
+Vec4 programColor(const MATERIAL& material, TextureMode textureMode, ColorMode colorMode,
+                  bool textured, bool opacityMap) {
     const Tint tint = tintOf(material, textureMode, colorMode, textured, opacityMap);
     const auto channel = [&](float value) { return std::min(value * tint.factor, 1.0f); };
     return {channel(tint.color.x), channel(tint.color.y), channel(tint.color.z),
@@ -85,13 +85,13 @@ Vec4 programColor(const MATERIAL& material, int textureMode, int colorMode, bool
 BoundMaterial bindProgramTextures(const Renderer& renderer, const ShaderProgram& program,
                                   const MATERIAL& material, unsigned mask) {
     BoundMaterial bound;
-    if (mask == 0 || renderer.textureMode == kTexturesNone) {
+    if (mask == 0 || renderer.choices.textureMode == TextureMode::None) {
         for (const MapRow& map : {kDiffuse, kNormal, kSpecular, kOpacity})
             program.setInt(map.flag, 0);
         return bound;
     }
     const MaterialImages images =
-        materialImages(material, SceneLists(*renderer.scene), renderer.textureMode);
+        materialImages(material, SceneLists(*renderer.scene), renderer.choices.textureMode);
     bound.sharedSlot = images.shared;
     bound.textured = images.color != nullptr;
     bound.alphaMap = images.opacity != nullptr;
@@ -104,8 +104,8 @@ BoundMaterial bindProgramTextures(const Renderer& renderer, const ShaderProgram&
 
 void setProgramMaterial(const Renderer& renderer, const ShaderProgram& program,
                         const MATERIAL& material, const BoundMaterial& bound) {
-    const Vec4 color = programColor(material, renderer.textureMode, renderer.colorMode,
-                                    bound.textured, bound.alphaMap);
+    const Vec4 color = programColor(material, renderer.choices.textureMode,
+                                    renderer.choices.colorMode, bound.textured, bound.alphaMap);
     program.setVec4("diffuseMat", color.x, color.y, color.z, color.w);
     program.setFloat("reflFacMat", material.emission > 0.0f ? material.emission + kEmissionMark
                                                             : material.reflection);

@@ -14,10 +14,10 @@ inline constexpr unsigned kNormalMap = 0x4;
 inline constexpr unsigned kSpecularMap = 0x8;
 inline constexpr unsigned kOpacityMap = 0x10;
 
-/// The colour (red, green, blue, alpha) of surfaces of a material in the programs. `textureMode`,
-/// `colorMode`: as in Renderer; `textured`, `opacityMap`: it has a colour image, an opacity map.
-Vec4 programColor(const MATERIAL& material, int textureMode, int colorMode, bool textured,
-                  bool opacityMap);
+/// The colour (red, green, blue, alpha) of surfaces of a material in the programs. `textured`,
+/// `opacityMap`: it has a colour image, an opacity map.
+Vec4 programColor(const MATERIAL& material, TextureMode textureMode, ColorMode colorMode,
+                  bool textured, bool opacityMap);
 
 /// Binds the maps of the mask on units 0 (diffuse) to 3 (opacity) for the program, which is in use,
 /// and tells it which there are. Units of maps that there are none of are turned off; with an empty

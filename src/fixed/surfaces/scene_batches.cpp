@@ -97,7 +97,7 @@ void SceneBatches::setPreview(bool on) {
 }
 
 bool SceneBatches::isBuiltFor(const Renderer& renderer) const {
-    return edgeBatch_ != nullptr && silhouettesBuilt_ == (renderer.drawFaces != 0);
+    return edgeBatch_ != nullptr && silhouettesBuilt_ == renderer.choices.drawFaces;
 }
 
 bool SceneBatches::refresh(Renderer& renderer, const BatchNeeds& needs) {
@@ -160,9 +160,9 @@ void SceneBatches::rebuildAll(Renderer& renderer, const BatchNeeds& needs) {
         buildMeshes(scene, *view);
         meshes_.collect(*view, materialCount(scene));
         if (needs.withEdges)
-            buildEdges(scene, *view, renderer.drawFaces != 0);
+            buildEdges(scene, *view, renderer.choices.drawFaces);
     }
-    silhouettesBuilt_ = renderer.drawFaces != 0;
+    silhouettesBuilt_ = renderer.choices.drawFaces;
     ++generation_;
     twoSided_ = isTwoSided(scene);
     modelStamp_ = static_cast<int64_t>(modelStamp(scene));

@@ -47,7 +47,7 @@ void SurfacePass::setState() const {
     glDepthMask(GL_TRUE);
     glEnable(GL_CULL_FACE);
     glCullFace(GL_BACK);
-    const bool coverage = renderer.textureMode != kTexturesNone;
+    const bool coverage = renderer.choices.textureMode != TextureMode::None;
     setCapability(GL_ALPHA_TEST, coverage);
     setCapability(GL_SAMPLE_ALPHA_TO_COVERAGE, coverage);
     // Surfaces step back, so that edges on them show.

@@ -19,9 +19,9 @@ BoundMaterial FixedShading::bindTextures(const MATERIAL& material) {
     int textured = 0;
     int sharedSlot = 0;
     int alphaMap = 0;
-    renderer_.bindMaterialTextures(material, textured, sharedSlot, alphaMap,
-                                   renderer_.textureMode != kTexturesNone ? kColorAndOpacityMaps
-                                                                          : 0);
+    renderer_.bindMaterialTextures(
+        material, textured, sharedSlot, alphaMap,
+        renderer_.choices.textureMode != TextureMode::None ? kColorAndOpacityMaps : 0);
     return {textured != 0, sharedSlot != 0, alphaMap != 0};
 }
 
