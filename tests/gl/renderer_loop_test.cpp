@@ -73,11 +73,12 @@ TEST_F(RendererLoopTest, NothingIsLeftBehind) {
     leastResident(2 * kBlock); // until the driver's own stores are filled
     const Counts before = counts();
     const auto first = static_cast<double>(leastResident(kBlock));
-    leastResident(kBlock);
-    const auto last = static_cast<double>(leastResident(kBlock));
+    const auto second = static_cast<double>(leastResident(kBlock));
+    const auto third = static_cast<double>(leastResident(kBlock));
     EXPECT_EQ(counts(), before);
-    // A shadow map left behind in each round would be a gigabyte.
-    EXPECT_LT(last - first, 40.0 * 1024 * 1024);
+    // What is left behind adds up in every block, a driver's swing only in one. A shadow map left
+    // behind in each round would be half a gigabyte a block.
+    EXPECT_LT(std::min(second - first, third - second), 20.0 * 1024 * 1024);
 }
 
 } // namespace
