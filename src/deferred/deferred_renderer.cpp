@@ -115,7 +115,7 @@ void DeferredRenderer::noticeChanges(bool rebuilt) {
     LitScene& lit = kept();
     const bool otherMeshes = lit.takesOtherMeshes();
     lit.shadowsDirty = lit.shadowsDirty || marked || otherMeshes;
-    if (rebuilt || lightsChanged)
+    if (rebuilt || lightsChanged || !lit.lampsKnown)
         rebuildLights();
 }
 
@@ -123,6 +123,7 @@ void DeferredRenderer::rebuildLights() {
     buildPortals();
     LitScene& lit = kept();
     lit.lamps = lightsOf(*scene, lit.portals);
+    lit.lampsKnown = true;
     lit.shadowsDirty = true;
     if (std::ranges::any_of(lit.lamps, [](const auto& light) {
             return light->kind == LightKind::Spot && light->castsShadow == 0;

@@ -150,6 +150,21 @@ TEST_F(DeferredRulesTest, PreviewsShowTheirRecord) {
     EXPECT_TRUE(isNear(pixelAt(drawFrame(), 0, 0), shown(kBrick), 2));
 }
 
+TEST_F(DeferredRulesTest, PreviewsThatAnotherRendererBuiltAreLit) {
+    addWall();
+    addLamps({test::pointLamp({0, 0, 2}, {1, 1, 1})});
+    setSun(30, -50);
+    selectPhoto();
+    const Pixel lit = pixelAt(drawFrame(), 0, 0);
+    scene_->view().previewMode = 1;
+    scene_->view().preview.changeFlags = 1;
+    EXPECT_TRUE(isNear(pixelAt(drawFrame(), 0, 0), lit, 1));
+    const DrawChoices choices = renderer_->choices;
+    select<DeferredRenderer>().choices = choices;
+    EXPECT_TRUE(isNear(pixelAt(drawFrame(), 0, 0), lit, 1));
+    EXPECT_FALSE(isNear(lit, shown(kBrick), 10));
+}
+
 TEST_F(DeferredRulesTest, HiddenObjectsAreNotDrawn) {
     addWall();
     selectPhoto();

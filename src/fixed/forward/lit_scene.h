@@ -18,6 +18,7 @@ struct LitScene {
     std::vector<PortalRecord> portals;
     std::unique_ptr<SunLight> sun; ///< null without one
     LightList lamps;               ///< and portals' lights, where the renderer has any
+    bool lampsKnown = false;       ///< collected since the scene is kept
     bool shadowsDirty = false;     ///< the shadow maps show something else than the scene
 
     /// True when other meshes are drawn than when it was asked last: maps of those are no use.

@@ -84,7 +84,9 @@ bool refreshPreviewRecord(const SCENE& scene, CACHEENTRY& record, bool force, Bo
 void SceneBatches::refreshPreview(Renderer& renderer, VIEW& view) {
     prepareTextures(renderer);
     setPreview(true);
-    if (refreshPreviewRecord(*renderer.scene, view.preview, false, bounds_))
+    // Another renderer's record: what it found on the way is not known here.
+    const bool unknown = bounds_.min.x > bounds_.max.x && view.preview.meshBatches;
+    if (refreshPreviewRecord(*renderer.scene, view.preview, unknown, bounds_))
         ++generation_;
     previewMeshes_.collectPreview(view.preview, materialCount(*renderer.scene));
     tell(renderer);
