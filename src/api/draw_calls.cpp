@@ -117,7 +117,20 @@ void drawInWindow(RenderContext& context, SCENE& scene, uint32_t drawFlags,
         SwapBuffers(context.secondary.dc);
 }
 
+namespace {
+
+/// No context is current once it ends, however it does.
+struct ContextRelease {
+    ContextRelease() = default;
+    ~ContextRelease() { wglMakeCurrent(nullptr, nullptr); }
+    ContextRelease(const ContextRelease&) = delete;
+    ContextRelease& operator=(const ContextRelease&) = delete;
+};
+
+} // namespace
+
 void drawInDibSection(RenderContext& context, SCENE& scene, uint32_t drawFlags, HBITMAP dib) {
+    const ContextRelease release;
     Renderer* renderer = selectRenderer(context, scene, drawFlags);
     DIBSECTION section{};
     if (renderer != nullptr && enter(*renderer, context.primary) &&
@@ -126,7 +139,6 @@ void drawInDibSection(RenderContext& context, SCENE& scene, uint32_t drawFlags, 
         renderer->setupCamera(scene);
         renderer->drawToBitmap(dib);
     }
-    wglMakeCurrent(nullptr, nullptr);
 }
 
 void drawInFile(RenderContext& context, SCENE& scene, uint32_t drawFlags, int width, int height,

@@ -30,7 +30,7 @@ void drawInDibSection(RenderContext& context, SCENE& scene, uint32_t drawFlags, 
 /// One frame into a Windows bitmap file. With a view on the library's own window that window takes
 /// the file's size; with a host's window the part of the frame that lies in it is defined. A size
 /// without pixels, or beyond what the driver draws at once, makes no file and an entry in the log.
-/// Leaves the primary context current.
+/// Leaves the primary context current, or the second one when the first window is gone.
 void drawInFile(RenderContext& context, SCENE& scene, uint32_t drawFlags, int width, int height,
                 const char* fileName);
 

@@ -39,21 +39,21 @@ void MeshVertexArray::clearUploaded() {
 
 void MeshVertexArray::bind(unsigned drawFlags) const {
     VertexArray::bind(drawFlags);
-    if (normalBuffer != nullptr) {
+    if (normalBuffer != nullptr && normalBuffer->exists()) {
         glBindBuffer(GL_ARRAY_BUFFER, normalBuffer->name());
         glNormalPointer(GL_FLOAT, 0, nullptr);
         glEnableClientState(GL_NORMAL_ARRAY);
     } else {
         glDisableClientState(GL_NORMAL_ARRAY);
     }
-    if (texCoordBuffer != nullptr) {
+    if (texCoordBuffer != nullptr && texCoordBuffer->exists()) {
         glBindBuffer(GL_ARRAY_BUFFER, texCoordBuffer->name());
         glTexCoordPointer(3, GL_FLOAT, 0, nullptr);
         glEnableClientState(GL_TEXTURE_COORD_ARRAY);
     } else {
         glDisableClientState(GL_TEXTURE_COORD_ARRAY);
     }
-    if (tangentBuffer != nullptr) {
+    if (tangentBuffer != nullptr && tangentBuffer->exists()) {
         glBindBuffer(GL_ARRAY_BUFFER, tangentBuffer->name());
         glSecondaryColorPointer(3, GL_FLOAT, 0, nullptr);
         glEnableClientState(GL_SECONDARY_COLOR_ARRAY);

@@ -41,6 +41,7 @@ class TileCamera {
     ~TileCamera() {
         renderer_.camera = saved_;
         renderer_.tileVolume = nullptr;
+        glDisable(GL_SCISSOR_TEST);
     }
     TileCamera(const TileCamera&) = delete;
     TileCamera& operator=(const TileCamera&) = delete;

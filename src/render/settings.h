@@ -26,7 +26,7 @@ struct Settings {
     std::string texturesDir;                           ///< folder of the texture files
 
     /// Reads the file at `path`. Returns false, with the defaults in place, when it cannot be read
-    /// or holds no options.
+    /// or has no section.
     bool load(const std::string& path);
 };
 

@@ -13,7 +13,7 @@ uniform vec4 lightIntensity; // alpha: of highlights
 vec4 lightOn(vec3 P, vec3 n, float gloss, float specular) {
     vec3 L = lightPos - P;
     float dist = length(L);
-    L /= dist;
+    L /= max(dist, 1.0e-6); // the lamp may lie in the surface
     float LdotN = max(dot(L, n), 0.0);
     if (LdotN <= 0.0)
         return vec4(0.0);

@@ -20,7 +20,7 @@ uniform int numAASamples;
 float edgeFactor(vec3 s, vec3 t, vec3 n) {
     vec3 across = cross(s, t);
     float size = length(across);
-    if (size < 1.0e-6) // seen end on
+    if (!(size >= 1.0e-6)) // seen end on, or a corner lies in the surface
         return 0.0;
     return acos(clamp(dot(s, t), -1.0, 1.0)) * dot(across / size, n);
 }

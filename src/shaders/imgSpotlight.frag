@@ -18,7 +18,7 @@ uniform int useShadow;
 vec4 lightOn(vec3 P, vec3 n, float gloss, float specular) {
     vec3 L = lightPos - P;
     float dist = length(L);
-    L /= dist;
+    L /= max(dist, 1.0e-6); // the lamp may lie in the surface
     float LdotN = max(dot(L, n), 0.0);
     float k = LdotN * smoothstep(lightCosCutoff, lightCosCutoff + 0.08,
                                  max(0.0, dot(-L, lightDir)));

@@ -113,12 +113,13 @@ bool WebGLExporter::write(const SCENE& scene, const std::string& path, int width
     const SceneLists lists(scene);
     const ExportFaces faces(scene, lists);
     const ExportView view = exportView(scene, lists, faces.bounds(), width, height);
+    const DocumentPath place(path);
     const FileHandle file(openFile(path.c_str(), "wb"));
     if (file == nullptr)
         return false;
     DocumentWriter out(file.get());
     out << webgl::kInitObjects;
-    writeWebGLObjects(out, lists, faces, DocumentPath(path));
+    writeWebGLObjects(out, lists, faces, place);
     out << webgl::kGroundObject << "\n";
     writeHome(out, view);
     out << webgl::kInitTextures;
