@@ -11,8 +11,12 @@
 #include "oglview/web_folder.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <system_error>
 
 namespace oglview {
 namespace {
@@ -38,6 +42,15 @@ void writeTextures(const ogl::host::SceneBuilder& builder, const fs::path& folde
         if (const auto image = texturePicture(textures[static_cast<size_t>(texture)]))
             writePng((folder / ("dec" + std::to_string(m) + ".png")).string(), *image);
     }
+}
+
+/// Whether the document has its last line: the library does not notice a disk that fills up.
+bool isWhole(const fs::path& document) {
+    constexpr std::string_view kLastLine = "initRenderer( );\r\n";
+    std::string end(kLastLine.size(), '\0');
+    std::ifstream file(document, std::ios::binary);
+    file.seekg(-static_cast<std::streamoff>(end.size()), std::ios::end);
+    return file.read(end.data(), static_cast<std::streamsize>(end.size())) && end == kLastLine;
 }
 
 struct Export {
@@ -78,9 +91,13 @@ int Export::run(const std::string& program) const {
     progress.step("writing " + output);
     target.prepareScene();
     writeTextures(scene.builder, target.sceneFolder());
-    if (d3_ExportJS(scene.builder.scene(), hostPath(target.document()).c_str(), size.width,
-                    size.height) == 0)
+    const bool opened = d3_ExportJS(scene.builder.scene(), hostPath(target.document()).c_str(),
+                                    size.width, size.height) != 0;
+    if (!opened || !isWhole(target.document())) {
+        std::error_code ignored;
+        fs::remove(target.document(), ignored);
         throw UserError("cannot write '" + target.document().string() + "'");
+    }
     target.writePage(fs::path(program).parent_path() / OGLVIEW_PAGE);
     printNotes(scene);
     return 0;
