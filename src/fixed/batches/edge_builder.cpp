@@ -52,11 +52,7 @@ bool EdgeBuilder::isOutlined(const FACE& face, const FaceTriangles& triangles) c
     if (rules_.edgesOnly)
         return true;
     const MATERIAL* material = lists_.materials.at(face.material);
-    const bool lacksTexture = material != nullptr &&
-                              (material->flags & kMaterialOnlyTextured) != 0 &&
-                              material->textureIndex == -1;
-    return material != nullptr && material->opacity != 0.0f && material->useCount != 0 &&
-           !lacksTexture;
+    return material != nullptr && material->opacity != 0.0f && !isSkipped(*material);
 }
 
 bool EdgeBuilder::isSilhouette(const FACE& face, int object, float alpha) const {

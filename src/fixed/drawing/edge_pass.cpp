@@ -20,6 +20,8 @@ constexpr float kFaintestEdge = 0.05f;
 constexpr float kInk = 0.1f;
 constexpr float kHiddenWidth = 0.5f;
 constexpr float kPointSizePerWidth = 15.0f;
+/// Of points at the near plane, 0.4 from the eye: 1 / sqrt(0.7 x 0.4 + 0.3 x 0.4 x 0.4).
+constexpr float kLargestAttenuation = 1.75f;
 constexpr GLushort kDashes = 0x0f0f;
 constexpr GLushort kSolid = 0xffff;
 
@@ -43,7 +45,8 @@ EdgeStyle edgeStyle(const SCENE& scene, uint32_t drawFlags, float baseWidth) {
 
 int edgeReach(const EdgeStyle& style) {
     // OpenGL cuts points at kPointSizeLimit, but not lines.
-    const float widest = std::max(std::min(style.pointSize, kPointSizeLimit), 2.0f * style.width);
+    const float points = std::min(kLargestAttenuation * style.pointSize, kPointSizeLimit);
+    const float widest = std::max(points, 2.0f * style.width);
     return kUsualReach + static_cast<int>(std::min(widest, 1e4f) / 2.0f);
 }
 

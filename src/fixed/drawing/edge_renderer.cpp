@@ -67,6 +67,7 @@ void EdgeRenderer::refreshBatches() {
 }
 
 void EdgeRenderer::rebuild(EdgeScene& built) {
+    processState().sceneChanged = 1; // until all is built: memory may run out on the way
     const VIEW* view = viewOf(*scene);
     const int count = view != nullptr ? cacheEntryCount(*view) : 0;
     const SceneLists lists(*scene);

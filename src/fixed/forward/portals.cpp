@@ -5,6 +5,7 @@
 #include "fixed/batches/mesh_batch_builder.h"
 #include "scene/record_views.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 
@@ -12,7 +13,6 @@ namespace ogl {
 
 namespace {
 
-constexpr int kVerticesPerTriangle = 3;
 constexpr uint8_t kWindowKind = 1;
 constexpr uint8_t kDoorKind = 2;
 
@@ -31,7 +31,7 @@ Vec3 vertexOf(const uint8_t* vertices, int k) {
 
 std::vector<PortalFace> portalFaces(const SceneLists& lists) {
     std::vector<PortalFace> found;
-    int32_t triangles = 0;
+    int64_t triangles = 0; // portals may name the same bytes
     for (int k = 0; k < lists.faces.size(); ++k) {
         const OBJECT* object = lists.objects.at(k);
         if (object == nullptr || (object->kind != kWindowKind && object->kind != kDoorKind))
@@ -41,7 +41,8 @@ std::vector<PortalFace> portalFaces(const SceneLists& lists) {
             const FACE& face = lists.faces.items()[f];
             if ((face.flags & kFacePortal) == 0)
                 continue;
-            found.push_back({&face, faceTriangles(lists, f, face.flags), triangles});
+            found.push_back({&face, faceTriangles(lists, f, face.flags),
+                             static_cast<int32_t>(std::min<int64_t>(triangles, INT32_MAX))});
             triangles += found.back().triangles.triangleCount;
         }
     }

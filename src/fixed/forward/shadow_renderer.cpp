@@ -185,7 +185,7 @@ int ShadowRenderer::drawToBitmap(HBITMAP bitmap) {
     if (scene == nullptr)
         return 1;
     deleteReleasedObjects();
-    kept().batches.refreshForBitmap(*this, {});
+    kept().batches.refreshForBitmap(*this, {}); // bounds as in windows, for plans fit the scene
     if ((scene->geometry.flags & kGeometryPlanView) != 0) {
         prepareProgram(false);
         drawPlan(bitmap);

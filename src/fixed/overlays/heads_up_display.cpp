@@ -49,6 +49,8 @@ void addMessage(LineWriter& lines, const uint8_t* text, int viewHeight) {
             continue;
         }
         lines.add(std::exchange(line, {}), kMessageColor);
+        if (!ended && character != '\n')
+            line.push_back(character);
     }
     lines.skip();
 }

@@ -13,7 +13,7 @@ namespace ogl {
 
 // In the scene. The current camera is used.
 
-/// Outlines the drawn objects that have a highlight bit, through whatever lies before them, and
+/// Outlines the objects that have a highlight bit, through whatever lies before them, and
 /// shows in the view's move mode where those that are selected would go.
 void drawHighlights(const SCENE& scene, const VIEW& view);
 

@@ -9,8 +9,6 @@
 
 namespace ogl {
 
-namespace {} // namespace
-
 Vec4 materialColor(const MATERIAL& material, TextureMode textureMode, ColorMode colorMode,
                    bool sharedSlot, bool textured) {
     const float glow = material.reflection * kReflectionShare;

@@ -8,6 +8,8 @@
 #include "render/process_state.h"
 #include "render/renderer.h"
 
+#include <utility>
+
 namespace ogl {
 
 namespace {
@@ -85,7 +87,7 @@ void SceneBatches::refreshPreview(Renderer& renderer, VIEW& view) {
     prepareTextures(renderer);
     setPreview(true);
     // Another renderer's record: what it found on the way is not known here.
-    const bool unknown = bounds_.min.x > bounds_.max.x && view.preview.meshBatches;
+    const bool unknown = !std::exchange(boundsKnown_, true) && view.preview.meshBatches;
     if (refreshPreviewRecord(*renderer.scene, view.preview, unknown, bounds_))
         ++generation_;
     previewMeshes_.collectPreview(view.preview, materialCount(*renderer.scene));
@@ -141,8 +143,10 @@ bool SceneBatches::refreshForBitmap(Renderer& renderer, const BatchNeeds& needs)
 void SceneBatches::rebuildAll(Renderer& renderer, const BatchNeeds& needs) {
     const SCENE& scene = *renderer.scene;
     VIEW* view = viewOf(scene);
+    processState().sceneChanged = 1; // until all is built: memory may run out on the way
     objectCount_ = view != nullptr ? cacheEntryCount(*view) : 0;
     preview_ = false;
+    boundsKnown_ = true;
     bounds_ = needs.emptyBounds;
     prepareTextures(renderer);
     meshes_.clear();

@@ -66,6 +66,7 @@ class SceneBatches {
     DrawLists meshes_;
     DrawLists previewMeshes_;
     Box bounds_;
+    bool boundsKnown_ = false;      ///< there was a build, or a preview
     int objectCount_ = -1;          ///< cache entries at the last build
     int64_t modelStamp_ = -1;       ///< of the last build
     bool silhouettesBuilt_ = false; ///< or all outlines are among the edges
@@ -77,8 +78,8 @@ class SceneBatches {
 /// True when an entry of the object cache has any of the marks.
 bool anyObjectChanged(const VIEW& view, uint32_t marks);
 
-/// The single-record path of preview mode: builds the surfaces of all objects into `record` when
-/// its mark 0x1 is set or `force` is; a preview has no edges. Returns true when it built.
+/// The single-record path of preview mode: builds the surfaces of all drawn objects into `record`
+/// when its mark 0x1 is set or `force` is; a preview has no edges. Returns true when it built.
 bool refreshPreviewRecord(const SCENE& scene, CACHEENTRY& record, bool force, Box& bounds);
 
 } // namespace ogl

@@ -31,11 +31,17 @@ void replaceTexture(TextureImage& image, unsigned pixelFormat, const uint8_t* pi
         createTexture2D(TextureKind::Repeating, pixelFormat, image.width, image.height, pixels));
 }
 
-void createTexture(TextureImage& image, ErrorLog& log) {
-    if (image.hasTexture() || !hasAllPixels(image))
-        return;
-    replaceTexture(image, image.pixelFormat, image.bytes().data());
-    if (!image.hasTexture())
+void createTexture(TextureImage& image) {
+    if (!image.hasTexture() && hasAllPixels(image))
+        replaceTexture(image, image.pixelFormat, image.bytes().data());
+}
+
+bool isTooLarge(const TextureImage& image) {
+    return hasAllPixels(image) && !fitsTexture(image.width, image.height);
+}
+
+void noteTooLarge(const TextureImage& image, ErrorLog& log) {
+    if (isTooLarge(image))
         log.writeOnce("Error", kImageTooLarge,
                       std::to_string(image.width) + " x " + std::to_string(image.height));
 }
@@ -143,7 +149,7 @@ UsedImages usedImages(const SCENE& scene) {
 void buildNormalMap(TextureImage& image, float strength) {
     // The same bits: a strength that is no number equals itself, too.
     const bool same = std::bit_cast<uint32_t>(strength) == std::bit_cast<uint32_t>(image.strength);
-    if (same && image.hasTexture())
+    if ((same && image.hasTexture()) || isTooLarge(image))
         return;
     image.strength = strength;
     if ((image.pixelFormat != GL_RGB && image.pixelFormat != GL_RGBA) || !hasAllPixels(image))
@@ -163,12 +169,19 @@ void prepareTextures(Renderer& renderer) {
     renderer.maxAnisotropy = materialAnisotropy();
     glActiveTexture(GL_TEXTURE0);
     const UsedImages images = usedImages(*renderer.scene);
-    for (TextureImage* image : images.plain)
-        createTexture(*image, *renderer.errorLog);
-    for (TextureImage* image : images.opacity)
+    ErrorLog& log = *renderer.errorLog;
+    for (TextureImage* image : images.plain) {
+        createTexture(*image);
+        noteTooLarge(*image, log);
+    }
+    for (TextureImage* image : images.opacity) {
         createGreyTexture(*image);
-    for (const auto& [image, strength] : images.bumps)
+        noteTooLarge(*image, log);
+    }
+    for (const auto& [image, strength] : images.bumps) {
         buildNormalMap(*image, strength);
+        noteTooLarge(*image, log);
+    }
     glBindTexture(GL_TEXTURE_2D, 0);
     resetTextureUnit(0);
 }
