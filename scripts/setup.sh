@@ -39,7 +39,10 @@ for command in "$@"; do
 done
 case " ${groups[*]} " in *" windows "*) windows=yes ;; esac
 
-has_header() { printf '#include <%s>\n' "$1" | c++ -E -x c++ - >/dev/null 2>&1; }
+# Headers of its own that it includes may need options.
+has_header() {
+    printf '#if !__has_include(<%s>)\n#error\n#endif\n' "$1" | c++ -E -x c++ - >/dev/null 2>&1
+}
 
 # is_there PROBE: as packages.txt explains it.
 is_there() {
