@@ -2,8 +2,7 @@
 # SPDX-License-Identifier: MIT
 
 # ogl_exports(TARGET FILE.def)
-# Makes the shared library export what the list in the .def file names, and nothing else. Also
-# writes generated/exported_names.h, with which tests find a listed name in this build: on Linux a
+# Makes the shared library export what the list in the .def file names, and nothing else. On Linux a
 # record helper is exported under its plain name, because '@' starts a version in ELF symbols.
 function(ogl_exports target def)
     set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${def})
@@ -13,7 +12,6 @@ function(ogl_exports target def)
     file(STRINGS ${def} lines REGEX "^    ")
     set(windows_list "LIBRARY ogl.dll\nEXPORTS\n")
     set(linux_list "")
-    set(rows "")
     foreach(line IN LISTS lines)
         if(NOT line MATCHES "${line_pattern}")
             message(FATAL_ERROR "${def}: cannot read the line: ${line}")
@@ -29,26 +27,8 @@ function(ogl_exports target def)
         endif()
         string(APPEND windows_list "    \"${name}\" = ${function}${suffix}\n")
         string(APPEND linux_list "        ${function};\n")
-        if(WIN32)
-            string(APPEND rows "    {R\"(${name})\", R\"(${name})\"},\n")
-        else()
-            string(APPEND rows "    {R\"(${name})\", R\"(${function})\"},\n")
-        endif()
     endforeach()
 
-    file(CONFIGURE OUTPUT ${generated}/exported_names.h CONTENT [[
-// Generated from @def@.
-#pragma once
-
-/// `listed`: the name in the export list. `exported`: the same function's name in this build.
-struct ExportedName {
-    const char* listed;
-    const char* exported;
-};
-
-inline constexpr ExportedName kExportedNames[] = {
-@rows@};
-]] @ONLY)
     if(WIN32)
         set(list_file ${generated}/ogl.def)
         file(CONFIGURE OUTPUT ${list_file} CONTENT "@windows_list@" @ONLY)
@@ -60,6 +40,4 @@ inline constexpr ExportedName kExportedNames[] = {
         target_link_options(${target} PRIVATE -Wl,--version-script=${list_file})
     endif()
     set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS ${list_file})
-    add_library(ogl_exported_names INTERFACE)
-    target_include_directories(ogl_exported_names INTERFACE ${generated})
 endfunction()
