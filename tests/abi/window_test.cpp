@@ -76,16 +76,6 @@ TEST_F(WindowTest, CaptureHoldsTheFrameInEitherDepthAndIsClipped) {
     }
 }
 
-TEST_F(WindowTest, ViewFollowsTheWindowsSize) {
-    for (const auto& [width, height] : {std::pair{400, 300}, {150, 260}, {300, 200}}) {
-        window.resize(width, height);
-        draw();
-        Dib dib(width, height);
-        draw(nullptr, dib.handle());
-        expectWall(dib, width, height, "resized");
-    }
-}
-
 TEST_F(WindowTest, BitmapsOfAnySizeAreDrawnAndLeaveTheWindowAsItIs) {
     for (const auto& [width, height] :
          {std::pair{300, 200}, {301, 200}, {1000, 700}, {400, 900}, {900, 64}, {1, 1}})
