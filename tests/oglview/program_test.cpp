@@ -211,29 +211,6 @@ TEST_F(Program, ShowsTheTexturesOfAModel) {
     EXPECT_TRUE(image.isWhite(180, 100)) << "the other wall's texture is missing";
 }
 
-TEST_F(Program, DrawsTheSampleInBothModesAndFormats) {
-    struct Row {
-        const char* mode;
-        const char* file;
-        int width;
-        int height;
-    };
-    for (const Row& row : {Row{"drawing", "a.png", 320, 240}, Row{"edges", "b.png", 321, 123},
-                           Row{"drawing", "c.bmp", 200, 300}}) {
-        const std::string path = folder_.file(row.file);
-        const ProcessResult result =
-            run({"render", "flat", "-o", path, "--mode", row.mode, "--size",
-                 std::to_string(row.width) + "x" + std::to_string(row.height)});
-        ASSERT_EQ(result.exitCode, 0) << result.output;
-        EXPECT_EQ(result.output, "") << "nothing to say when nobody asks";
-        const Image image = readImage(path);
-        ASSERT_EQ(image.width, row.width) << row.file;
-        ASSERT_EQ(image.height, row.height) << row.file;
-        EXPECT_GT(image.inkShare(), 0.01) << row.file;
-        EXPECT_LT(image.inkShare(), 0.7) << row.file;
-    }
-}
-
 TEST_F(Program, DrawsACubeExactlyWhereItIs) {
     if (!ogl::test::programReadsModels())
         GTEST_SKIP() << "this build reads no model files";
