@@ -24,10 +24,6 @@ constexpr int kLargeSide = 16384;
 constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
 constexpr float kInfinity = std::numeric_limits<float>::infinity();
 
-bool operator==(Vec3 a, Vec3 b) {
-    return a.x == b.x && a.y == b.y && a.z == b.z;
-}
-
 struct TestScene : SceneFixture {
     PackedScene packed() {
         commit();
@@ -37,51 +33,14 @@ struct TestScene : SceneFixture {
     }
 };
 
+bool operator==(Vec3 a, Vec3 b) {
+    return a.x == b.x && a.y == b.y && a.z == b.z;
+}
+
 void expectNear(Vec3 a, double x, double y, double z, double tolerance, const std::string& where) {
     EXPECT_NEAR(a.x, x, tolerance) << where;
     EXPECT_NEAR(a.y, y, tolerance) << where;
     EXPECT_NEAR(a.z, z, tolerance) << where;
-}
-
-TEST(RayPacking, AnObjectInTwoMaterialsIsTwoBoxes) {
-    TestScene scene;
-    for (const uint8_t red : {uint8_t{10}, uint8_t{20}}) {
-        MATERIAL material = plainMaterial();
-        material.color = {1, 2, red};
-        scene.addMaterial(material);
-    }
-    scene.addObject();
-    scene.addFace(quad({0, 0, 0}, {0, 1, 0}, {1, 1, 0}, {1, 0, 0}, 1));
-    scene.addFace(quad({5, 0, 0}, {5, 1, 0}, {6, 1, 0}, {6, 0, 0}, 0));
-    const PackedScene packed = scene.packed();
-    ASSERT_EQ(packed.objectBounds.size(), 2u);
-    ASSERT_EQ(packed.materialRecords.size(), 2u);
-    EXPECT_FLOAT_EQ(packed.objectBounds[0].min.x, 4.99f); // material 0 first
-    EXPECT_FLOAT_EQ(packed.materialRecords[0].red, 10 / 255.0f);
-    EXPECT_FLOAT_EQ(packed.materialRecords[1].red, 20 / 255.0f);
-    EXPECT_EQ(packed.uvs.front().z, 0.0f);
-    EXPECT_EQ(packed.uvs.back().z, 1.0f);
-    const BoxRecord& second = packed.objectBounds[1];
-    EXPECT_EQ(second.first, packed.objectBounds[0].count);
-    const BoxRecord& last = packed.gridCells.back();
-    EXPECT_EQ(second.first + second.count, static_cast<int>(packed.gridCells.size()));
-    EXPECT_EQ(last.first + last.count, packed.triangleCount());
-}
-
-TEST(RayPacking, ARecordTellsWhatRaysKnowOfAMaterial) {
-    MATERIAL material = plainMaterial();
-    material.color = {51, 102, 255};
-    material.opacity = 0.25f;
-    material.reflection = 0.5f;
-    material.specular = 0.75f;
-    material.fresnel = 0.125f;
-    material.glossiness = 0.5f;
-    const MaterialRecord record = materialRecord(material);
-    const std::array<float, 8> expected{1.0f, 0.4f, 0.2f, 0.25f, 0.5f, 0.75f, 0.125f, 398.107f};
-    std::array<float, 8> texels{};
-    std::memcpy(texels.data(), &record, sizeof record);
-    for (size_t i = 0; i < texels.size(); ++i)
-        EXPECT_NEAR(texels[i], expected[i], 1e-6f * std::max(1.0f, expected[i] * 10)) << i;
 }
 
 // Whether an object has faces in a material or not.
@@ -142,11 +101,7 @@ TEST(RayPacking, LeavesOutWhatRaysDoNotSee) {
              m.textureIndex = 3;
          },
          true},
-        {"nearly invisible", [](MATERIAL& m, uint32_t&, FaceShape&) { m.opacity = 1e-6f; }, true},
         {"hidden object", [](MATERIAL&, uint32_t& flags, FaceShape&) { flags = 0x8; }, false},
-        {"hidden object", [](MATERIAL&, uint32_t& flags, FaceShape&) { flags = 0x2000; }, false},
-        {"hidden object", [](MATERIAL&, uint32_t& flags, FaceShape&) { flags = 0x20000000; },
-         false},
         {"kept out by its first face",
          [](MATERIAL&, uint32_t&, FaceShape& face) { face.flags = kFaceNotRayTraced; }, false},
     };
@@ -172,45 +127,6 @@ TEST(RayPacking, LeavesOutWhatRaysDoNotSee) {
     }
 }
 
-TEST(RayPacking, TheObjectCacheSaysHowManyObjectsThereAre) {
-    TestScene scene;
-    scene.addMaterial(plainMaterial());
-    for (int k = 0; k < 3; ++k) {
-        scene.addObject();
-        scene.addFace(quad({0, 0, 0}, {0, 1, 0}, {1, 1, 0}, {1, 0, 0}));
-    }
-    scene.commit();
-    scene.view().objectCache.data = nullptr; // its count is enough
-    for (const int count : {3, 2, 0, -1, 1000000}) {
-        scene.view().objectCache.count = count;
-        PackedScene packed;
-        EXPECT_TRUE(packScene(scene.scene(), kLargeSide, packed));
-        EXPECT_EQ(packed.triangleCount(), 2 * std::clamp(count, 0, 3)) << count;
-    }
-}
-
-TEST(RayPacking, NormalsHaveUnitLength) {
-    TestScene scene;
-    scene.addMaterial(plainMaterial());
-    scene.addObject();
-    FaceShape face;
-    face.triangles = {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}};
-    face.normals = {{0, 0, 0}, {0, -3, 4}, {1e30f, 0, 0}};
-    scene.addFace(face);
-    face.normals.clear();
-    face.normal = {0, 5, 0};
-    scene.addFace(face);
-    face.normal = {0, 0, 0};
-    scene.addFace(face);
-    const PackedScene packed = scene.packed();
-    ASSERT_EQ(packed.normals.size(), 9u);
-    expectNear(packed.normals[0], 0, 0, 1, 0, "none stored");
-    expectNear(packed.normals[1], 0, -0.6, 0.8, 1e-6, "scaled");
-    expectNear(packed.normals[2], 1, 0, 0, 1e-6, "huge");
-    expectNear(packed.normals[3], 0, -1, 0, 0, "of the face, negated");
-    expectNear(packed.normals[6], 0, 0, 1, 0, "the face has none");
-}
-
 TEST(RayPacking, CellsAlongAnAxisGrowWithTheTriangles) {
     const struct Row {
         Vec3 size;
@@ -222,8 +138,6 @@ TEST(RayPacking, CellsAlongAnAxisGrowWithTheTriangles) {
         {{1, 1, 1}, 14, {2, 2, 2}},
         {{2, 1, 1}, 32, {2, 1, 1}},
         {{2, 1, 1}, 256, {4, 2, 2}},
-        {{1, 2, 1}, 256, {2, 4, 2}},
-        {{1, 1, 2}, 256, {2, 2, 4}},
         {{3, 3, 0}, 256, {4, 4, 1}},
         {{5, 5, 5}, 1000000, {63, 63, 63}},
         {{5, 5, 5}, 1100000, {64, 64, 64}},
@@ -236,50 +150,10 @@ TEST(RayPacking, CellsAlongAnAxisGrowWithTheTriangles) {
         const GridShape shape({corner, corner + row.size}, row.triangles);
         EXPECT_EQ(shape.cells, row.cells) << row.triangles << " in " << row.size.x;
         const Box last = shape.cellBox(shape.cellCount() - 1);
-        expectNear(last.max * 1e-3f, 1e-3 * (corner + row.size).x, 1e-3 * (corner + row.size).y,
-                   1e-3 * (corner + row.size).z, 1e-6 * std::max(1.0f, row.size.x), "last cell");
+        EXPECT_LE(length((last.max - corner - row.size) * 1e-3f),
+                  1e-6f * std::max(1.0f, row.size.x))
+            << "last cell";
     }
-}
-
-TEST(RayPacking, ATriangleIsListedOnceInEachCellThatItTouches) {
-    CellGrid grid(GridShape({{0, 0, 0}, {4, 2, 2}}, 256)); // 4 x 2 x 2 cells of 1
-    const std::vector<Vec3> positions{
-        {0.5f, 0.5f, 0.5f}, {0.6f, 0.5f, 0.5f}, {0.5f, 0.6f, 0.5f}, // inside the first
-        {0.5f, 0.5f, 0.5f}, {1.5f, 0.5f, 0.5f}, {0.5f, 0.6f, 0.5f}, // across one border
-        {0.5f, 0.5f, 0.5f}, {3.5f, 1.5f, 1.5f}, {0.5f, 0.6f, 0.5f}, // its box is everywhere
-        {1.0f, 0.5f, 0.5f}, {1.0f, 0.6f, 0.5f}, {1.0f, 0.6f, 0.6f}, // in a border
-        {4.0f, 2.0f, 2.0f}, {4.0f, 1.6f, 2.0f}, {4.0f, 1.6f, 1.6f}, // in the outermost border
-    };
-    ASSERT_TRUE(grid.sort(positions, 100));
-    const auto list = [&](size_t cell) {
-        const auto span = grid.list(cell);
-        return std::vector<int>(span.begin(), span.end());
-    };
-    EXPECT_EQ(list(0), (std::vector<int>{0, 1, 2}));
-    EXPECT_EQ(list(1), (std::vector<int>{1, 2, 3}));
-    EXPECT_EQ(list(2), (std::vector<int>{2}));
-    EXPECT_EQ(list(5), (std::vector<int>{2}));
-    EXPECT_EQ(list(15), (std::vector<int>{2, 4}));
-    EXPECT_EQ(grid.listedCount(), 21u);
-    EXPECT_TRUE(grid.sort(positions, 21));
-    EXPECT_FALSE(grid.sort(positions, 20));
-}
-
-TEST(RayPacking, TextureSides) {
-    const auto sides = [](size_t vertices, size_t records, size_t cells, size_t boxes) {
-        PackedScene packed;
-        packed.vertices.resize(vertices);
-        packed.materialRecords.resize(records);
-        packed.gridCells.resize(cells);
-        packed.objectBounds.resize(boxes);
-        const TextureSides s = textureSides(packed);
-        return std::array<int, 4>{s.vertTexRes, s.materialsTexRes, s.gridsTexRes, s.boundsTexRes};
-    };
-    using Sides = std::array<int, 4>;
-    EXPECT_EQ(sides(0, 0, 0, 0), (Sides{1, 16, 2, 2}));
-    EXPECT_EQ(sides(3, 1, 1, 1), (Sides{2, 16, 4, 4}));
-    EXPECT_EQ(sides(9, 127, 8, 3), (Sides{4, 16, 6, 4}));
-    EXPECT_EQ(sides(15, 128, 9, 4), (Sides{4, 17, 8, 6}));
 }
 
 TEST(RayPacking, RefusesWhatDoesNotFitIntoTheTextures) {
@@ -320,56 +194,6 @@ TEST(RayPacking, RefusesWhatDoesNotFitIntoTheTextures) {
     }
 }
 
-TEST(RayPacking, SkipsTrianglesThatAreNowhere) {
-    TestScene scene;
-    scene.addMaterial(plainMaterial());
-    scene.addObject();
-    FaceShape face;
-    for (const float bad : {kNan, kInfinity, -kInfinity})
-        for (int corner = 0; corner < 3; ++corner) {
-            std::array<Vec3, 3> triangle{Vec3{0, 0, 0}, Vec3{1, 0, 0}, Vec3{0, 1, 0}};
-            triangle[static_cast<size_t>(corner)].y = bad;
-            for (const Vec3& p : triangle)
-                face.triangles.push_back(p);
-        }
-    for (const Vec3 p : {Vec3{3, 3, 3}, Vec3{4, 3, 3}, Vec3{3, 4, 3}})
-        face.triangles.push_back(p);
-    for (size_t i = 0; i < face.triangles.size(); ++i)
-        face.texCoords.push_back({static_cast<float>(i), 0.0f});
-    scene.addFace(face);
-    const PackedScene packed = scene.packed();
-    ASSERT_EQ(packed.triangleCount(), 1);
-    EXPECT_TRUE((packed.vertices[0] == Vec3{3, 3, 3}));
-    EXPECT_TRUE((packed.uvs[0] == Vec3{27, 1, 0})); // they keep their places
-    EXPECT_TRUE((packed.bounds.min == Vec3{3, 3, 3}));
-}
-
-TEST(RayPacking, TakesTrianglesFarAwayAndWithoutExtent) {
-    TestScene scene;
-    scene.addMaterial(plainMaterial());
-    const auto addTriangles = [&](Vec3 a, Vec3 b, Vec3 c) {
-        scene.addObject();
-        FaceShape face;
-        for (int t = 0; t < 40; ++t)
-            for (const Vec3 p : {a, b, c})
-                face.triangles.push_back(p);
-        scene.addFace(face);
-    };
-    const float most = std::numeric_limits<float>::max();
-    addTriangles({1, 1, 1}, {1, 1, 1}, {1, 1, 1});
-    addTriangles({9e6f, 0, 0}, {9e6f, 0, 0}, {9e6f, 0, 0});
-    addTriangles({most, most, most}, {-most, -most, -most}, {0, 0, 0});
-    addTriangles({most, 1, 1}, {most, 1, 1}, {most, 1, 1});
-    const PackedScene packed = scene.packed();
-    ASSERT_EQ(packed.objectBounds.size(), 4u);
-    for (const BoxRecord& cell : packed.gridCells)
-        for (const float value :
-             {cell.min.x, cell.min.y, cell.min.z, cell.max.x, cell.max.y, cell.max.z})
-            EXPECT_TRUE(std::isfinite(value));
-    EXPECT_EQ(packed.gridCells.back().first + packed.gridCells.back().count,
-              packed.triangleCount());
-}
-
 // Each row breaks one number of a host's records; nothing past a list may be read.
 TEST(RayPacking, ReadsNothingPastTheHostsLists) {
     const struct Row {
@@ -380,30 +204,14 @@ TEST(RayPacking, ReadsNothingPastTheHostsLists) {
          [](SceneFixture& f) {
              element<INDEX>(f.geometry().clusters.index, 0) = INDEX{1, 1000000};
          }},
-        {"cluster before the faces",
-         [](SceneFixture& f) {
-             element<INDEX>(f.geometry().clusters.index, 0) = INDEX{-5, 7};
-         }},
         {"triangle bytes past their list",
          [](SceneFixture& f) {
              element<INDEX>(f.geometry().faceTriangles.index, 1) = INDEX{36, 0x7fffffff};
          }},
-        {"triangle bytes of half a triangle",
-         [](SceneFixture& f) {
-             element<INDEX>(f.geometry().faceTriangles.index, 0) = INDEX{0, 35};
-         }},
-        {"texture coordinates past their list",
-         [](SceneFixture& f) { f.face(1).texCoordIndex = 0x7ffffffe; }},
-        {"texture coordinates before their list",
-         [](SceneFixture& f) { f.face(0).texCoordIndex = -7; }},
         {"texture coordinates over the end", [](SceneFixture& f) { f.face(1).texCoordIndex = 10; }},
         {"material past the list", [](SceneFixture& f) { f.face(0).material = 30000; }},
-        {"negative material", [](SceneFixture& f) { f.face(0).material = -2; }},
-        {"fewer objects than cache entries", [](SceneFixture& f) { f.objects().count = 0; }},
         {"no objects", [](SceneFixture& f) { f.geometry().objects = nullptr; }},
         {"no view", [](SceneFixture& f) { f.geometry().view = nullptr; }},
-        {"no triangles", [](SceneFixture& f) { f.geometry().faceTriangles.items.data = nullptr; }},
-        {"materials of no size", [](SceneFixture& f) { f.geometry().materials.elementSize = 0; }},
         {"more vertex normals than bytes",
          [](SceneFixture& f) { f.face(1).flags = kFaceVertexNormals; }},
     };
@@ -427,7 +235,7 @@ TEST(RayPacking, ReadsNothingPastTheHostsLists) {
                 for (const float value : {v.x, v.y, v.z})
                     EXPECT_TRUE(std::isfinite(value) && value != canary && value != 1.0f - canary)
                         << row.name;
-        if (row.breakIt == rows[0].breakIt || row.breakIt == rows[2].breakIt) {
+        if (row.breakIt == rows[0].breakIt || row.breakIt == rows[1].breakIt) {
             EXPECT_GT(packed.triangleCount(), 0) << row.name;
         }
     }
@@ -453,6 +261,52 @@ TEST(RayPacking, RefusesEndlesslyRepeatedTriangles) {
     PackedScene packed;
     EXPECT_FALSE(packScene(scene.scene(), 1024, packed));
     EXPECT_EQ(packed.triangleCount(), 0);
+}
+
+TEST(RayPacking, NormalsHaveUnitLength) {
+    TestScene scene;
+    scene.addMaterial(plainMaterial());
+    scene.addObject();
+    FaceShape face;
+    face.triangles = {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}};
+    face.normals = {{0, 0, 0}, {0, -3, 4}, {1e30f, 0, 0}};
+    scene.addFace(face);
+    face.normals.clear();
+    face.normal = {0, 5, 0};
+    scene.addFace(face);
+    face.normal = {0, 0, 0};
+    scene.addFace(face);
+    const PackedScene packed = scene.packed();
+    ASSERT_EQ(packed.normals.size(), 9u);
+    expectNear(packed.normals[0], 0, 0, 1, 0, "none stored");
+    expectNear(packed.normals[1], 0, -0.6, 0.8, 1e-6, "scaled");
+    expectNear(packed.normals[2], 1, 0, 0, 1e-6, "huge");
+    expectNear(packed.normals[3], 0, -1, 0, 0, "of the face, negated");
+    expectNear(packed.normals[6], 0, 0, 1, 0, "the face has none");
+}
+
+TEST(RayPacking, SkipsTrianglesThatAreNowhere) {
+    TestScene scene;
+    scene.addMaterial(plainMaterial());
+    scene.addObject();
+    FaceShape face;
+    for (const float bad : {kNan, kInfinity, -kInfinity})
+        for (int corner = 0; corner < 3; ++corner) {
+            std::array<Vec3, 3> triangle{Vec3{0, 0, 0}, Vec3{1, 0, 0}, Vec3{0, 1, 0}};
+            triangle[static_cast<size_t>(corner)].y = bad;
+            for (const Vec3& p : triangle)
+                face.triangles.push_back(p);
+        }
+    for (const Vec3 p : {Vec3{3, 3, 3}, Vec3{4, 3, 3}, Vec3{3, 4, 3}})
+        face.triangles.push_back(p);
+    for (size_t i = 0; i < face.triangles.size(); ++i)
+        face.texCoords.push_back({static_cast<float>(i), 0.0f});
+    scene.addFace(face);
+    const PackedScene packed = scene.packed();
+    ASSERT_EQ(packed.triangleCount(), 1);
+    EXPECT_TRUE((packed.vertices[0] == Vec3{3, 3, 3}));
+    EXPECT_TRUE((packed.uvs[0] == Vec3{27, 1, 0})); // they keep their places
+    EXPECT_TRUE((packed.bounds.min == Vec3{3, 3, 3}));
 }
 
 } // namespace
