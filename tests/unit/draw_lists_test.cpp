@@ -46,18 +46,6 @@ TEST(DrawLists, GroupsBatchesByMaterialInCacheOrder) {
     EXPECT_TRUE(lists.of(-1).empty());
 }
 
-TEST(DrawLists, ReadsNoAddressThatIsNotTheLibrarys) {
-    SceneFixture fixture;
-    fixture.addObject();
-    fixture.commit();
-    fixture.entry(0).meshBatches = reinterpret_cast<MeshBatchList*>(uintptr_t{0x1234});
-    DrawLists lists;
-    lists.collect(fixture.view(), 1);
-    EXPECT_TRUE(lists.of(0).empty());
-    releaseBatchesOf(fixture.entry(0));
-    EXPECT_FALSE(static_cast<bool>(fixture.entry(0).meshBatches));
-}
-
 TEST(DrawLists, FollowsWhatTheHostHidesOrDrops) {
     SceneFixture fixture;
     fixture.addObject();

@@ -93,23 +93,6 @@ TEST(MeshBatchBuilder, SortsFacesByMaterialAndKeepsTheirOrder) {
     EXPECT_EQ(MeshBatchBuilder(fixture.scene()).countTriangles(0), 8);
 }
 
-TEST(MeshBatchBuilder, BuildsAllDrawnObjectsTogether) {
-    SceneFixture fixture;
-    fixture.addMaterial(plainMaterial());
-    fixture.addMaterial(plainMaterial());
-    for (const uint32_t flags : {0u, 0x8u, 0x2000u, 0x20000000u, 0u}) {
-        fixture.addObject(flags);
-        fixture.addFace(numbered(static_cast<float>(flags), 1));
-        fixture.addFace(numbered(1, 0, 2));
-    }
-    fixture.commit();
-    const MeshBatches batches = build(fixture, kAllObjects);
-    ASSERT_EQ(batches.size(), 2u);
-    EXPECT_EQ(batches[0]->positions.size(), 12u);
-    EXPECT_EQ(firstXOfTriangles(*batches[1]), (std::vector<float>{0, 0}));
-    EXPECT_EQ(MeshBatchBuilder(fixture.scene()).countTriangles(kAllObjects), 6);
-}
-
 TEST(MeshBatchBuilder, WritesNormalsTangentsAndTextureCoordinates) {
     const float nan = std::numeric_limits<float>::quiet_NaN();
     SceneFixture fixture;
@@ -162,25 +145,6 @@ TEST(MeshBatchBuilder, NeverWritesNormalsThatAreNoNumbers) {
     }
 }
 
-TEST(TangentOf, LiesAcrossTheNormal) {
-    const struct {
-        const char* name;
-        Vec3 normal, expected;
-    } rows[] = {
-        {"up", {0, 0, 1}, {0, 1, 0}},
-        {"down", {0, 0, -1}, {0, -1, 0}},
-        {"sideways", {0, 1, 0}, {1, 0, 0}},
-        {"leaning enough", {0.95f, 0, 0.3122f}, {0, -1, 0}},
-        {"too steep", {0.8f, 0, 0.6f}, {0, 1, 0}},
-    };
-    for (const auto& row : rows) {
-        const Vec3 tangent = tangentOf(row.normal);
-        EXPECT_NEAR(tangent.x, row.expected.x, 1e-6f) << row.name;
-        EXPECT_NEAR(tangent.y, row.expected.y, 1e-6f) << row.name;
-        EXPECT_NEAR(tangent.z, row.expected.z, 1e-6f) << row.name;
-    }
-}
-
 TEST(MeshBatchBuilder, SetsTheFlagsOfABatch) {
     const Ptr32<TextureImage> image = [] {
         Ptr32<TextureImage> pointer{};
@@ -199,12 +163,9 @@ TEST(MeshBatchBuilder, SetsTheFlagsOfABatch) {
         {"only the first face counts", 0, kFaceUnlit | kFaceTwoSided, 0, 1.0f, -1, 0},
         {"two-sided", kFaceTwoSided, 0, 0, 1.0f, -1, kBatchNoShadow},
         {"two-sided ignored", kFaceTwoSided, 0, kGeometryTwoSided, 1.0f, -1, 0},
-        {"unlit in spite of it", kFaceUnlit, 0, kGeometryTwoSided, 1.0f, -1,
-         kBatchNoShadow | kBatchUnlit},
         {"glass", 0, 0, 0, 0.5f, -1, kBatchTranslucent},
         {"glass with a shared image", 0, 0, 0, 0.5f, 0, 0},
         {"glass with an alternative image", 0, 0, 0, 0.5f, 1, 0},
-        {"glass with an empty slot", 0, 0, 0, 0.5f, 2, kBatchTranslucent},
         {"glass with a wrong slot", 0, 0, 0, 0.5f, 99, kBatchTranslucent},
     };
     for (const auto& row : rows) {
@@ -234,51 +195,6 @@ TEST(MeshBatchBuilder, SetsTheFlagsOfABatch) {
     }
 }
 
-TEST(MeshBatchBuilder, GrowsTheBoundsByEveryVertex) {
-    const float nan = std::numeric_limits<float>::quiet_NaN();
-    SceneFixture fixture;
-    fixture.addMaterial(plainMaterial());
-    fixture.addObject();
-    FaceShape face = numbered(0, 0);
-    face.triangles = {{-4, 0, 1}, {2, 7, 1}, {nan, nan, -3}};
-    fixture.addFace(face);
-    fixture.commit();
-    Box bounds{{-1, -1, -1}, {1, 1, 1}};
-    MeshBatchBuilder builder(fixture.scene());
-    builder.build(0, builder.batchSizes(0), bounds);
-    EXPECT_EQ(bounds.min.x, -4);
-    EXPECT_EQ(bounds.min.y, -1);
-    EXPECT_EQ(bounds.min.z, -3);
-    EXPECT_EQ(bounds.max.x, 2);
-    EXPECT_EQ(bounds.max.y, 7);
-    EXPECT_EQ(bounds.max.z, 1);
-}
-
-TEST(MeshBatchBuilder, ReusesMemoryWithoutOldContents) {
-    SceneFixture fixture;
-    fixture.addMaterial(plainMaterial());
-    for (const int triangles : {5, 2, 7}) {
-        fixture.addObject();
-        FaceShape face = numbered(static_cast<float>(triangles), 0, triangles);
-        if (triangles == 5)
-            face.texCoords.assign(15, {0.5f, 0.25f});
-        fixture.addFace(face);
-    }
-    fixture.commit();
-    MeshBatchBuilder builder(fixture.scene());
-    for (int k = 0; k < 3; ++k) {
-        MeshBatches batches = build(builder, k);
-        ASSERT_EQ(batches.size(), 1u);
-        const MeshVertexArray& batch = *batches[0];
-        EXPECT_EQ(batch.normals.size(), batch.positions.size());
-        EXPECT_EQ(batch.tangents.size(), batch.positions.size());
-        ASSERT_EQ(batch.texCoords.size(), batch.positions.size());
-        for (const Vec3& coord : batch.texCoords)
-            EXPECT_EQ(coord.x, k == 0 ? 0.5f : 0.0f);
-        builder.reclaim(batches);
-    }
-}
-
 /// Two good objects with four triangles each, one face with and one without vertex normals.
 void addTwoObjects(SceneFixture& fixture) {
     fixture.addMaterial(plainMaterial());
@@ -304,67 +220,27 @@ TEST(MeshBatchBuilder, DrawsLessOfBadRecords) {
         size_t vertices[2]; ///< of objects 0 and 1
     } rows[] = {
         {"nothing spoiled", [](SceneFixture&) {}, {12, 12}},
-        {"no objects list", [](SceneFixture& f) { f.geometry().objects = nullptr; }, {12, 12}},
-        {"negative cluster count",
-         [](SceneFixture& f) { f.geometry().clusters.index.count = -1; },
-         {0, 0}},
-        {"no clusters",
-         [](SceneFixture& f) { f.geometry().clusters.index.data = nullptr; },
-         {0, 0}},
         {"negative face number",
          [](SceneFixture& f) { element<INDEX>(f.geometry().clusters.index, 0).first = -2; },
          {0, 12}},
         {"face count beyond the list",
          [](SceneFixture& f) { element<INDEX>(f.geometry().clusters.index, 1).count = 1000000; },
          {12, 12}},
-        {"negative face count",
-         [](SceneFixture& f) { element<INDEX>(f.geometry().clusters.index, 1).count = -3; },
-         {12, 0}},
         {"overflowing face range",
          [](SceneFixture& f) {
              element<INDEX>(f.geometry().clusters.index, 0) = {1, 0x7fffffff};
          },
          {18, 12}},
-        {"no face data",
-         [](SceneFixture& f) { f.geometry().clusters.items.data = nullptr; },
-         {0, 0}},
-        {"faces of 10 bytes",
-         [](SceneFixture& f) { f.geometry().clusters.items.elementSize = 10; },
-         {0, 0}},
-        {"no triangle data",
-         [](SceneFixture& f) { f.geometry().faceTriangles.items.data = nullptr; },
-         {0, 0}},
-        {"triangle size no multiple of 36",
-         [](SceneFixture& f) { element<INDEX>(f.geometry().faceTriangles.index, 0).count = 71; },
-         {9, 12}},
         {"triangle size no multiple of 72",
          [](SceneFixture& f) { element<INDEX>(f.geometry().faceTriangles.index, 1).count = 143; },
          {9, 12}},
-        {"negative triangle size",
-         [](SceneFixture& f) { element<INDEX>(f.geometry().faceTriangles.index, 0).count = -36; },
-         {6, 12}},
-        {"triangles past the end",
-         [](SceneFixture& f) { element<INDEX>(f.geometry().faceTriangles.index, 3).count = 72000; },
-         {12, 12}},
-        {"triangles begin past the end",
-         [](SceneFixture& f) {
-             element<INDEX>(f.geometry().faceTriangles.index, 2).first = 1 << 30;
-         },
-         {12, 6}},
         {"fewer triangle clusters than faces",
          [](SceneFixture& f) { f.geometry().faceTriangles.index.count = 3; },
          {12, 6}},
         {"material past the end", [](SceneFixture& f) { f.face(0).material = 1; }, {6, 12}},
         {"negative material", [](SceneFixture& f) { f.face(1).material = -32768; }, {6, 12}},
-        {"no materials", [](SceneFixture& f) { f.geometry().materials.count = 0; }, {0, 0}},
         {"texture coordinates past the end",
          [](SceneFixture& f) { f.face(3).texCoordIndex = 21; },
-         {12, 12}},
-        {"negative texture coordinates",
-         [](SceneFixture& f) { f.face(3).texCoordIndex = -7; },
-         {12, 12}},
-        {"no texture coordinates",
-         [](SceneFixture& f) { f.geometry().texCoords.data = nullptr; },
          {12, 12}},
     };
     for (const auto& row : rows) {
@@ -383,16 +259,6 @@ TEST(MeshBatchBuilder, DrawsLessOfBadRecords) {
             EXPECT_EQ(vertices, row.vertices[k]) << row.name << ", object " << k;
         }
     }
-}
-
-TEST(MeshBatchBuilder, CutsTextureCoordinatesAtTheEndOfTheirList) {
-    SceneFixture fixture;
-    addTwoObjects(fixture);
-    fixture.face(0).texCoordIndex = 22; // two are left for six vertices
-    const MeshBatches batches = build(fixture, 0);
-    EXPECT_EQ(batches[0]->texCoords[1].x, 0.5f);
-    EXPECT_EQ(batches[0]->texCoords[2].x, 0.0f);
-    EXPECT_EQ(batches[0]->texCoords[2].y, 0.0f);
 }
 
 } // namespace
