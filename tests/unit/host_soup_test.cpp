@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "host_scene_reader.h"
 
+#include "fixed/batches/edge_builder.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -242,105 +244,68 @@ TEST(HostSoup, CylinderIsASmoothSideAndTwoCaps) {
             for (const ReadLoop& loop : face.loops)
                 EXPECT_TRUE(loop.points.empty());
             for (size_t i = 0; i < face.corners.size(); ++i) {
-                const Vec3 out = normalized({face.corners[i].x, face.corners[i].y, 0.0});
+                const Vec3 out = normalized(Vec3{face.corners[i].x, face.corners[i].y, 0.0});
                 EXPECT_GT(dot(face.normals[i], out), 0.9999);
             }
         }
     }
 }
 
-TEST(HostSoup, FlatNormalsKeepAllFolds) {
-    // A strip of shallow folds whose normals say that each part is flat.
-    Soup soup;
+Vec3 onRim(int i) {
+    const double a = 2.0 * std::numbers::pi * i / 24;
+    return {std::cos(a), std::sin(a), 0.0};
+}
+
+TEST(HostSoup, FoldsAreEdgesOrCurves) {
+    Soup strip; // of shallow folds whose normals say that each part is flat
     for (int i = 0; i < 8; ++i) {
         const auto z = [](int k) { return 0.01 * k * k; };
-        soup.flatQuad({i * 1.0, 0, z(i)}, {i + 1.0, 0, z(i + 1)}, {i + 1.0, 1, z(i + 1)},
-                      {i * 1.0, 1, z(i)});
+        strip.flatQuad({i * 1.0, 0, z(i)}, {i + 1.0, 0, z(i + 1)}, {i + 1.0, 1, z(i + 1)},
+                       {i * 1.0, 1, z(i)});
     }
-    const Result r = buildSoup(soup);
-    EXPECT_EQ(r.curved(), 0u);
-    EXPECT_EQ(r.flat().size(), 8u);
-}
-
-TEST(HostSoup, OpenShadeGetsABackSideAndItsRims) {
-    const Result r = buildSoup(cylinder(24, true, false));
-    ASSERT_EQ(r.curved(), 2u);
-    ASSERT_EQ(r.lines(), 2u);
-    for (const ReadFace& face : r.faces) {
-        if (!face.isLine())
-            continue;
-        ASSERT_EQ(face.loops.size(), 1u);
-        EXPECT_TRUE(face.loops[0].closed);
-        EXPECT_EQ(face.loops[0].points.size(), 24u);
+    Soup top; // two cones on one rim
+    for (int i = 0; i < 24; ++i) {
+        top.triangle(onRim(i), onRim(i + 1), {0, 0, 0.8});
+        top.triangle(onRim(i + 1), onRim(i), {0, 0, -0.8});
     }
-    const auto& faces = r.faces;
-    EXPECT_LT(dot(faces[0].normals[0], faces[1].normals[0]), -0.9);
-}
-
-TEST(HostSoup, CreaseBetweenCurvesIsOneLine) {
-    // Two cones on one rim, like a spinning top.
-    constexpr int kSides = 24;
-    Soup soup;
-    const auto rim = [](int i) {
-        const double a = 2.0 * std::numbers::pi * i / kSides;
-        return Vec3{std::cos(a), std::sin(a), 0.0};
-    };
-    for (int i = 0; i < kSides; ++i) {
-        soup.triangle(rim(i), rim(i + 1), {0, 0, 0.8});
-        soup.triangle(rim(i + 1), rim(i), {0, 0, -0.8});
-    }
-    const Result r = buildSoup(soup);
-    EXPECT_EQ(r.curved(), 2u);
-    ASSERT_EQ(r.lines(), 1u);
-    const auto line = std::ranges::find_if(r.faces, &ReadFace::isLine);
-    EXPECT_EQ(line->loops.at(0).points.size(), size_t{kSides});
-    for (const Vec3& p : line->loops[0].points)
-        EXPECT_EQ(p.z, 0.0);
-}
-
-TEST(HostSoup, ShallowRidgeStaysAnEdge) {
-    Soup soup;
-    soup.quad({0, 0, 0}, {10, 0, 0}, {10, 4, 0.7}, {0, 4, 0.7});
-    soup.quad({0, 4, 0.7}, {10, 4, 0.7}, {10, 8, 0}, {0, 8, 0});
-    const Result r = buildSoup(soup);
-    ASSERT_EQ(r.flat().size(), 2u);
-    for (const ReadFace& face : r.faces)
-        EXPECT_EQ(face.loops.at(0).points.size(), 4u);
-}
-
-TEST(HostSoup, SidesThatDoNotMatchAreMerged) {
-    // One quad beside three, beside one: their corners meet nowhere but at the ends.
-    Soup soup;
-    soup.quad({0, 0, 0}, {1, 0, 0}, {1, 0, 3}, {0, 0, 3});
+    Soup ridge;
+    ridge.quad({0, 0, 0}, {10, 0, 0}, {10, 4, 0.7}, {0, 4, 0.7});
+    ridge.quad({0, 4, 0.7}, {10, 4, 0.7}, {10, 8, 0}, {0, 8, 0});
+    Soup unequal; // one quad beside three, beside one: their corners meet only at the ends
+    unequal.quad({0, 0, 0}, {1, 0, 0}, {1, 0, 3}, {0, 0, 3});
     for (int i = 0; i < 3; ++i)
-        soup.quad({1, 0, i * 1.0}, {2, 0, i * 1.0}, {2, 0, i + 1.0}, {1, 0, i + 1.0});
-    soup.quad({2, 0, 0}, {4, 0, 0}, {4, 0, 3}, {2, 0, 3});
-    const Result r = buildSoup(soup);
-    ASSERT_EQ(r.faces.size(), 1u);
-    ASSERT_EQ(r.faces[0].loops.size(), 1u);
-    EXPECT_EQ(r.faces[0].loops[0].points.size(), 4u);
-    EXPECT_NEAR(r.faces[0].area(), 12.0, 1e-5);
-}
-
-TEST(HostSoup, NearlyEqualCornersAreWelded) {
-    Soup soup;
-    soup.quad({0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0});
-    soup.quad({1.00003, 0, 0}, {2, 0, 0}, {2, 1, 0}, {0.99998, 1.00004, 0});
-    const Result r = buildSoup(soup);
-    ASSERT_EQ(r.faces.size(), 1u);
-    EXPECT_EQ(r.faces[0].loops.at(0).points.size(), 4u);
-}
-
-TEST(HostSoup, MaterialsKeepTheirBorder) {
-    Soup soup;
-    soup.quad({0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0});
-    soup.quad({1, 0, 0}, {2, 0, 0}, {2, 1, 0}, {1, 1, 0});
-    soup.materials = {0, 0, 1, 1};
-    const Result r = buildSoup(soup);
-    ASSERT_EQ(r.faces.size(), 2u);
-    EXPECT_NE(r.faces[0].material, r.faces[1].material);
-    for (const ReadFace& face : r.faces)
-        EXPECT_EQ(face.loops.at(0).points.size(), 4u);
+        unequal.quad({1, 0, i * 1.0}, {2, 0, i * 1.0}, {2, 0, i + 1.0}, {1, 0, i + 1.0});
+    unequal.quad({2, 0, 0}, {4, 0, 0}, {4, 0, 3}, {2, 0, 3});
+    Soup nearlyEqual;
+    nearlyEqual.quad({0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0});
+    nearlyEqual.quad({1.00003, 0, 0}, {2, 0, 0}, {2, 1, 0}, {0.99998, 1.00004, 0});
+    const struct {
+        const char* name;
+        Soup soup;
+        size_t flat, curved, lines;
+        size_t points; ///< of each flat face's and each line's only loop
+    } rows[] = {
+        {"flat normals keep all folds", strip, 8, 0, 0, 4},
+        {"an open shade has a back and two rims", cylinder(24, true, false), 0, 2, 2, 24},
+        {"a crease between curves is one line", top, 0, 2, 1, 24},
+        {"a shallow ridge stays an edge", ridge, 2, 0, 0, 4},
+        {"sides that do not match are merged", unequal, 1, 0, 0, 4},
+        {"nearly equal corners are welded", nearlyEqual, 1, 0, 0, 4},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        const Result r = buildSoup(row.soup);
+        EXPECT_EQ(r.flat().size(), row.flat);
+        EXPECT_EQ(r.curved(), row.curved);
+        EXPECT_EQ(r.lines(), row.lines);
+        for (const ReadFace& face : r.faces) {
+            if (face.curved())
+                continue;
+            ASSERT_EQ(face.loops.size(), 1u);
+            EXPECT_TRUE(face.loops[0].closed);
+            EXPECT_EQ(face.loops[0].points.size(), row.points);
+        }
+    }
 }
 
 TEST(HostSoup, BordersThatTouchKeepToTheirPartOfTheFace) {
@@ -394,6 +359,28 @@ TEST(HostSoup, RoundedEdgeHasNoLineWhereItIsTangent) {
     EXPECT_EQ(line->loops[0].points.size(), 2u * (kSteps + 2));
     for (const Vec3& p : line->loops[0].points)
         EXPECT_FALSE(p.x == 0.0 && p.y > 0.0 && p.y < 5.0);
+}
+
+// A drawing's edges end in corners of triangles, to the last bit.
+TEST(HostSoup, OutlinesMeetTheirTriangles) {
+    SceneBuilder builder;
+    builder.addMaterial({});
+    const ObjectId object = builder.addObject("tower");
+    const Vec3 low{3.3, -1.7, 0.1};
+    builder.addTriangleSoup(object, box(low, {5.123, 9.87, 31.7}).view());
+    const SCENE& scene = *builder.build();
+    ColorVertexArray edges;
+    EdgeBuilder(scene, {.silhouettes = false, .edgesOnly = true}).append(object, edges, nullptr);
+    std::vector<float> stored;
+    for (const ReadFace& face : readObject(scene, object))
+        stored.insert(stored.end(), face.floats.begin(), face.floats.end());
+    ASSERT_EQ(edges.positions.size(), 48u);
+    for (const auto& p : edges.positions) {
+        bool found = false;
+        for (size_t i = 0; i + 2 < stored.size(); i += 3)
+            found = found || (stored[i] == p.x && stored[i + 1] == p.y && stored[i + 2] == p.z);
+        EXPECT_TRUE(found) << p.x << " " << p.y << " " << p.z;
+    }
 }
 
 TEST(HostSoup, SheetWithTwoSidesIsOutlinedOnce) {
