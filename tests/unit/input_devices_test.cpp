@@ -10,54 +10,38 @@
 namespace ogl {
 namespace {
 
-/// Answers each call with the next result of a list, then with success.
-struct Answers {
-    std::vector<HRESULT> results;
-    size_t next = 0;
-
-    HRESULT give() { return next < results.size() ? results[next++] : DI_OK; }
-};
-
 struct FakeFormat {};
 
+/// Answers its calls with one result after the other, then with success, and notes them.
 struct FakeDevice {
-    std::string calls;
-    HRESULT formatResult = DI_OK;
-    HRESULT cooperationResult = DI_OK;
-    Answers acquire;
-    Answers read;
-    unsigned char fill = 0;
+    std::vector<HRESULT> results;
+    unsigned char fill = 0; ///< of the state, where reading succeeds
+    std::string calls = {};
     DWORD cooperation = 0;
 
-    HRESULT SetDataFormat(const FakeFormat*) {
-        calls += 'f';
-        return formatResult;
+    HRESULT answer(char call) {
+        const size_t k = calls.size();
+        calls += call;
+        return k < results.size() ? results[k] : DI_OK;
     }
+    HRESULT SetDataFormat(const FakeFormat*) { return answer('f'); }
     HRESULT SetCooperativeLevel(HWND, DWORD level) {
-        calls += 'c';
         cooperation = level;
-        return cooperationResult;
+        return answer('c');
     }
-    HRESULT Acquire() {
-        calls += 'a';
-        return acquire.give();
-    }
+    HRESULT Acquire() { return answer('a'); }
     HRESULT GetDeviceState(DWORD size, void* state) {
-        calls += 'g';
-        const HRESULT result = read.give();
+        const HRESULT result = answer('g');
         if (SUCCEEDED(result))
             std::memset(state, fill, size);
         return result;
     }
-    ULONG Release() {
-        calls += 'r';
-        return 0;
-    }
+    ULONG Release() { return static_cast<ULONG>(answer('r')); }
 };
 
 struct FakeInterface {
     FakeDevice& device;
-    HRESULT result = DI_OK;
+    HRESULT result;
 
     HRESULT CreateDevice(const GUID&, FakeDevice** created, void*) {
         *created = &device;
@@ -65,86 +49,66 @@ struct FakeInterface {
     }
 };
 
-struct Opening {
-    const char* name;
-    HRESULT create;
-    HRESULT format;
-    HRESULT cooperation;
-    HRESULT acquire;
-    bool opened;
-    bool kept;
-    const char* calls;
-};
-
-const Opening kOpenings[] = {
-    {"all well", DI_OK, DI_OK, DI_OK, DI_OK, true, true, "fca"},
-    {"not made", E_FAIL, DI_OK, DI_OK, DI_OK, false, false, ""},
-    {"no data format", DI_OK, E_FAIL, DI_OK, DI_OK, false, false, "fr"},
-    {"cooperation refused", DI_OK, DI_OK, E_FAIL, DI_OK, true, true, "fca"},
-    {"not acquired", DI_OK, DI_OK, DI_OK, E_FAIL, false, true, "fca"},
-    {"acquired before", DI_OK, DI_OK, DI_OK, S_FALSE, false, true, "fca"},
-};
-
 TEST(InputDevices, OpeningStopsAtTheFirstRefusal) {
-    for (const Opening& row : kOpenings) {
-        SCOPED_TRACE(row.name);
-        FakeDevice fake;
-        fake.formatResult = row.format;
-        fake.cooperationResult = row.cooperation;
-        fake.acquire.results = {row.acquire};
+    const struct {
+        const char* name;
+        HRESULT create;
+        std::vector<HRESULT> results; ///< of format, cooperation, acquiring
+        bool opened, kept;
+        const char* calls;
+    } rows[] = {
+        {"all well", DI_OK, {}, true, true, "fca"},
+        {"not made", E_FAIL, {}, false, false, ""},
+        {"no data format", DI_OK, {E_FAIL}, false, false, "fr"},
+        {"cooperation refused", DI_OK, {DI_OK, E_FAIL}, true, true, "fca"},
+        {"not acquired", DI_OK, {DI_OK, DI_OK, E_FAIL}, false, true, "fca"},
+        {"acquired before", DI_OK, {DI_OK, DI_OK, S_FALSE}, false, true, "fca"},
+    };
+    for (const auto& row : rows) {
+        FakeDevice fake{row.results};
         FakeInterface directInput{fake, row.create};
         FakeDevice* device = nullptr;
-        EXPECT_EQ(openInputDevice(directInput, GUID{}, FakeFormat{}, nullptr, device), row.opened);
-        EXPECT_EQ(device != nullptr, row.kept);
-        EXPECT_EQ(fake.calls, row.calls);
+        EXPECT_EQ(openInputDevice(directInput, GUID{}, FakeFormat{}, nullptr, device), row.opened)
+            << row.name;
+        EXPECT_EQ(device != nullptr, row.kept) << row.name;
+        EXPECT_EQ(fake.calls, row.calls) << row.name;
         if (row.opened) {
             EXPECT_EQ(fake.cooperation, 10u); // shared, also without focus
         }
     }
 }
 
-struct Reading {
-    const char* name;
-    std::vector<HRESULT> mouse;    ///< results of reading; no entry = there is no mouse
-    std::vector<HRESULT> keyboard; ///< the same
-    int result;
-    bool mouseFilled;
-    bool keyboardFilled;
-    const char* mouseCalls;
-    const char* keyboardCalls;
-};
-
-const Reading kReadings[] = {
-    {"both", {DI_OK}, {DI_OK}, 1, true, true, "g", "g"},
-    {"mouse lost once", {E_FAIL, DI_OK}, {DI_OK}, 1, true, true, "gag", "g"},
-    {"keyboard lost once", {DI_OK}, {E_FAIL, DI_OK}, 1, true, true, "g", "gag"},
-    {"mouse lost", {E_FAIL, E_FAIL}, {DI_OK}, 0, false, false, "gag", ""},
-    {"keyboard lost", {DI_OK}, {E_FAIL, E_FAIL}, 0, true, false, "g", "gag"},
-    {"no mouse", {}, {DI_OK}, 0, false, false, "", ""},
-    {"no keyboard", {DI_OK}, {}, 0, true, false, "g", ""},
-};
-
 TEST(InputDevices, ReadingTriesOnceMoreAndKeepsTheHostsBytesOtherwise) {
-    for (const Reading& row : kReadings) {
+    using Results = std::vector<HRESULT>;
+    const Results lostOnce = {E_FAIL, DI_OK, DI_OK};
+    const Results lost = {E_FAIL, DI_OK, E_FAIL};
+    const struct {
+        const char* name;
+        const Results* mouse;    ///< of reading, acquiring, reading; null = there is none
+        const Results* keyboard; ///< the same
+        int result;
+        bool mouseFilled, keyboardFilled;
+    } rows[] = {
+        {"mouse lost once", &lostOnce, &lostOnce, 1, true, true},
+        {"mouse lost", &lost, &lostOnce, 0, false, false},
+        {"keyboard lost", &lostOnce, &lost, 0, true, false},
+        {"no mouse", nullptr, &lostOnce, 0, false, false},
+        {"no keyboard", &lostOnce, nullptr, 0, true, false},
+    };
+    for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
-        FakeDevice mouse;
-        mouse.read.results = row.mouse;
-        mouse.fill = 0x11;
-        FakeDevice keyboard;
-        keyboard.read.results = row.keyboard;
-        keyboard.fill = 0x22;
+        FakeDevice mouse{row.mouse != nullptr ? *row.mouse : Results{}, 0x11};
+        FakeDevice keyboard{row.keyboard != nullptr ? *row.keyboard : Results{}, 0x22};
         unsigned char state[kInputStateBytes + 1];
         std::memset(state, 0xee, sizeof state);
-        EXPECT_EQ(readInputState(row.mouse.empty() ? nullptr : &mouse,
-                                 row.keyboard.empty() ? nullptr : &keyboard, state),
+        EXPECT_EQ(readInputState(row.mouse != nullptr ? &mouse : nullptr,
+                                 row.keyboard != nullptr ? &keyboard : nullptr, state),
                   row.result);
         for (const int i : {0, 15})
             EXPECT_EQ(state[i], row.mouseFilled ? 0x11 : 0xee) << i;
         for (const int i : {16, 271})
             EXPECT_EQ(state[i], row.keyboardFilled ? 0x22 : 0xee) << i;
         EXPECT_EQ(state[kInputStateBytes], 0xee);
-        EXPECT_EQ(mouse.calls, row.mouseCalls);
-        EXPECT_EQ(keyboard.calls, row.keyboardCalls);
     }
 }
 

@@ -69,12 +69,6 @@ TEST(Modules, ProgramIsFoundAndNamed) {
     }
 }
 
-TEST(Modules, MissingModulesAndFunctionsAreNull) {
-    EXPECT_EQ(GetModuleHandleA("ogl_no_such_module.dll"), nullptr);
-    EXPECT_EQ(LoadLibraryA("ogl_no_such_module.dll"), nullptr);
-    EXPECT_EQ(GetProcAddress(GetModuleHandleA(nullptr), "oglNoSuchFunction"), nullptr);
-}
-
 TEST(Modules, ModuleBesideTheProgramIsLoadedByItsName) {
     ASSERT_EQ(GetModuleHandleA(kModule), nullptr); // left by another test
     const HMODULE module = LoadLibraryA(kModule);
@@ -133,34 +127,4 @@ TEST(ResourceText, WhatIsMissingIsEmpty) {
     ASSERT_NE(other, nullptr);
     EXPECT_EQ(ogl::loadResourceText(other, 100), "");
     FreeLibrary(other);
-}
-
-namespace {
-
-struct ThreadNotes {
-    DWORD id = 0;
-    DWORD runningOn = 0;
-};
-
-DWORD WINAPI noteThread(LPVOID parameter) {
-    auto* notes = static_cast<ThreadNotes*>(parameter);
-    notes->runningOn = GetCurrentThreadId();
-    Sleep(80);
-    return notes->id + 1;
-}
-
-} // namespace
-
-TEST(Threads, ResultIdAndEndReachTheStarter) {
-    ThreadNotes notes;
-    const HANDLE thread = CreateThread(nullptr, 0, noteThread, &notes, 0, &notes.id);
-    ASSERT_NE(thread, nullptr);
-    EXPECT_EQ(WaitForSingleObject(thread, 0), static_cast<DWORD>(WAIT_TIMEOUT));
-    EXPECT_EQ(WaitForSingleObject(thread, INFINITE), static_cast<DWORD>(WAIT_OBJECT_0));
-    DWORD result = 0;
-    ASSERT_TRUE(GetExitCodeThread(thread, &result));
-    EXPECT_EQ(notes.runningOn, notes.id);
-    EXPECT_EQ(result, notes.id + 1);
-    EXPECT_TRUE(CloseHandle(thread));
-    EXPECT_EQ(WaitForSingleObject(nullptr, 0), static_cast<DWORD>(WAIT_FAILED));
 }

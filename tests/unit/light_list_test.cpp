@@ -38,19 +38,6 @@ class LightListTest : public testing::Test {
     test::SceneFixture scene_;
 };
 
-TEST_F(LightListTest, SpotsSeeTwiceTheirCone) {
-    const LightList lights = lightsFrom({lamp(2, {1, 2, 3}, {1, 2, 1}, 45, 0.1f)});
-    ASSERT_EQ(lights.size(), 1u);
-    const auto& spot = static_cast<const SpotLight&>(*lights[0]);
-    ASSERT_EQ(spot.kind, LightKind::Spot);
-    EXPECT_NEAR(spot.camera->fov, 3.14159265f / 2, 1e-6f);
-    EXPECT_FLOAT_EQ(spot.camera->near, 0.1f);
-    EXPECT_FLOAT_EQ(spot.camera->far, 20.0f);
-    EXPECT_EQ(spot.camera->viewportWidth, kShadowMapSize);
-    EXPECT_FLOAT_EQ(spot.camera->target.z, 2.0f); // one unit on
-    EXPECT_EQ(spot.attenuate, 1);
-}
-
 TEST_F(LightListTest, RecordsThatDescribeNoLightAreLeftOut) {
     const struct {
         const char* name;

@@ -70,15 +70,6 @@ TEST(NormalMap, FollowsTheFiltersOnTiles) {
         }
 }
 
-TEST(NormalMap, OfAFlatImagePointsUp) {
-    for (int size = 1; size <= 2048; ++size) {
-        const Image map = normalMapOf(flat(size, 1, 90), 1.0f);
-        ASSERT_EQ(std::vector<uint8_t>(map.pixels.begin(), map.pixels.begin() + 4),
-                  (std::vector<uint8_t>{127, 127, 255, 90}))
-            << size;
-    }
-}
-
 TEST(NormalMap, ScalesHeightsByTheStrength) {
     const float huge = std::numeric_limits<float>::infinity();
     const struct {

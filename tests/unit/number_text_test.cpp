@@ -7,7 +7,6 @@
 #include <bit>
 #include <cmath>
 #include <cstdio>
-#include <limits>
 #include <random>
 #include <string>
 
@@ -25,21 +24,7 @@ std::string printed(double value) {
     return text;
 }
 
-TEST(NumberText, KnownNumbers) {
-    struct Row {
-        float value;
-        const char* text;
-    };
-    const Row rows[] = {
-        {0.0f, "0"},           {-0.0f, "-0"},         {0.5f, "0.5"},
-        {-1.25f, "-1.25"},     {100000.0f, "100000"}, {0.0001f, "0.0001"},
-        {999999.5f, "1e+06"},  {999999.4f, "999999"}, {9.99999f, "9.99999"},
-        {9.9999995f, "10"},    {0.1f, "0.1"},         {0.00099999997f, "0.001"},
-        {262144.5f, "262144"}, {262145.5f, "262146"}, // ties go to the even digit
-        {1e20f, "1e+20"},      {1e-7f, "1e-07"},
-    };
-    for (const Row& row : rows)
-        EXPECT_EQ(written(row.value), row.text);
+TEST(NumberText, OtherTypesAndWhatIsNoNumber) {
     EXPECT_EQ(written(-2147483647 - 1), "-2147483648");
     EXPECT_EQ(written(-1.23456789e-300), "-1.23457e-300");
     for (double none : {std::nan(""), HUGE_VAL, -HUGE_VAL})

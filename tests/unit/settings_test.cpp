@@ -37,8 +37,6 @@ const Row kRows[] = {
     {"missing keys", "[Other]\n", true, 0, 0, 1.0f, 1.0f, kDefaultFolder},
     {"keys in the wrong section", "useFXAA=1\nTexturesDir=x\n", true, 0, 0, 1.0f, 1.0f,
      kDefaultFolder},
-    {"blanks around the equals sign", "[OpenGL]\nuseFXAA = 1\n", true, 0, 0, 1.0f, 1.0f,
-     kDefaultFolder},
     {"empty folder", "[Veldra]\nTexturesDir=\n", true, 0, 0, 1.0f, 1.0f, ""},
     {"no options", "nothing here\n", false, 0, 0, 4.0f, 1.0f, ""},
     {"syntax error after an option", "[OpenGL]\nuseFXAA=1\n\tx\n", false, 0, 0, 4.0f, 1.0f, ""},

