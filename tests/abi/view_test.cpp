@@ -63,7 +63,7 @@ TEST_F(ViewTest, DrawsEverySizeGrowingAndShrinking) {
     const View view(scene);
     ASSERT_NE(view.get(), nullptr) << view.log();
     for (const auto& [width, height] :
-         {std::pair{320, 240}, {1700, 1300}, {641, 200}, {33, 777}, {16, 16}, {320, 240}})
+         {std::pair{320, 240}, {1700, 1300}, {33001, 200}, {33, 777}, {16, 16}, {320, 240}})
         for (int bits : {24, 32}) {
             Dib dib(width, height, bits);
             draw(view, dib);
@@ -164,6 +164,20 @@ TEST_F(ViewTest, WhatIsHandedBackLeavesNothingBehind) {
         view.release();
         EXPECT_EQ(errors.stop(), "") << mode;
     }
+}
+
+TEST_F(ViewTest, FilesOfSizesThatCannotBeDrawnAreNotMade) {
+    const View view(scene);
+    const TempFolder folder;
+    const auto drawn = [&](int width, int height) {
+        const std::string path = folder.hostFile("wall.bmp");
+        EXPECT_EQ(library().drawInFile(view.get(), scene.record(), 1, width, height, path.c_str()),
+                  1);
+        return readFile(folder.file("wall.bmp")).size();
+    };
+    for (const auto& [width, height] : {std::pair{0, 240}, {320, -1}, {1 << 20, 8}, {16384, 8000}})
+        EXPECT_EQ(drawn(width, height), 0u) << width;
+    EXPECT_EQ(drawn(33, 20), 54u + 100 * 20);
 }
 
 TEST_F(ViewTest, NullArgumentsDrawNothing) {
